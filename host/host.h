@@ -1,0 +1,58 @@
+// The host as the HTTP interface and the in-process driver see it: sessions,
+// screens and events, as JSON in the shapes of the host's interface document.
+//
+// Thread safety: every method may be called from any thread. The host runs
+// the units of all sessions on one runtime thread, one event at a time; the
+// calls queue to it and wait for their answer.
+#ifndef WATRIX_HOST_HOST_H_
+#define WATRIX_HOST_HOST_H_
+
+#include <memory>
+#include <string>
+
+#include <nlohmann/json.hpp>
+
+namespace watrix {
+
+// An answer: the HTTP status it stands for and its JSON body. Refusals
+// (400, 401, 409) carry {"error": "reason"}; 204 has a null body.
+struct Reply {
+  int status = 200;
+  nlohmann::json body;
+};
+
+class Host {
+ public:
+  virtual ~Host() = default;
+
+  // POST /api/sessions. `request` holds "user", "org", optionally "password"
+  // and "start". 201 with {"session": TOKEN, "screen": SCREEN}, or 400.
+  virtual Reply CreateSession(const nlohmann::json& request) = 0;
+
+  // GET /api/screen. 200 with SCREEN, or 401 for an unknown token.
+  virtual Reply Screen(const std::string& token) = 0;
+
+  // POST /api/events. 200 with the new SCREEN, 400, 401 or 409.
+  virtual Reply Event(const std::string& token, const nlohmann::json& event) = 0;
+
+  // DELETE /api/session. 204, or 401.
+  virtual Reply EndSession(const std::string& token) = 0;
+};
+
+struct HostOptions {
+  // Folder that holds liblkbase.so and the libraries of other modules.
+  std::string module_dir;
+  // Database URL ("sqlite:watrix.db"); the store plugs in here.
+  std::string database;
+  // "none" or "database".
+  std::string auth = "none";
+};
+
+// Loads the module named first in the name list from options.module_dir and
+// makes the host. Throws std::runtime_error with a reason when the module
+// cannot be loaded.
+std::unique_ptr<Host> MakeHost(const HostOptions& options);
+
+}  // namespace watrix
+
+#endif  // WATRIX_HOST_HOST_H_
