@@ -1,6 +1,12 @@
 // Long text services: trim, concatenate, substring over 4096-character
 // operands. They report through RunContext: on failure status is not blank,
 // and the caller jumps to its abort frame with 0x200.
+//
+// The characters of an operand are text[0, length); nothing behind them is
+// read. A result holds its characters, then NUL up to the end of text; it
+// may be one of the inputs. A result operand's capacity is preset by the
+// caller; one that is not in 1..4096 counts as 4096. On failure the result is
+// left as it was, and success leaves RunContext as it was.
 #ifndef WATRIX_SERVICES_LONG_TEXT_H_
 #define WATRIX_SERVICES_LONG_TEXT_H_
 

@@ -27,7 +27,9 @@ constexpr int kStateCurrent = 7;
 // for all states.
 int RowStateTest(HandleA a, HandleB b, RunContext* rc, char flag, int state);
 
-// Puts a row into `state`: 5 marks it, 6 clears it, 7 marks it current.
+// Puts a row into `state`: 5 marks it (a current row stays current), 6 takes
+// a mark off (a hidden row stays hidden), 7 marks it current. Other states
+// change nothing. Only the first byte of the flag is written.
 void RowStateSet(HandleA a, HandleB b, RunContext* rc, char* flag, int state);
 
 }  // namespace lk

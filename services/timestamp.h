@@ -11,7 +11,8 @@ namespace lk {
 
 // The service itself: reads service_code "702" and fills answer_date
 // (YYYYMMDD), answer_time (HHMMSS) and answer_text (20 digits and NUL) from
-// the clock of the SessionPort behind `a`.
+// the clock of the SessionPort behind `a`. Without a SessionPort or clock the
+// machine's local time answers. Any other code leaves the block as it is.
 void CurrentTimestamp(HandleA a, HandleB b, ServiceBlock* block);
 
 // The one way to get "now" into an attribute: zero the service block, ask for

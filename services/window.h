@@ -1,6 +1,7 @@
 // Window services: open and close a window of the running procedure, enable
 // and disable a control by its keyword. They reach the host through the
-// WindowPort behind HandleB.
+// WindowPort behind HandleB. A null HandleB, or a port without the function,
+// makes the call do nothing.
 #ifndef WATRIX_SERVICES_WINDOW_H_
 #define WATRIX_SERVICES_WINDOW_H_
 
