@@ -60,4 +60,10 @@ void SetExit(RunContext* rc, std::uint32_t state, const char* message, char kind
   rc->exit_rollback = rollback;
 }
 
+void SetCommand(RunContext* rc, const char* command) {
+  std::size_t i = 0;
+  for (; i + 1 < sizeof rc->command && command[i] != '\0'; ++i) rc->command[i] = command[i];
+  for (; i < sizeof rc->command; ++i) rc->command[i] = '\0';
+}
+
 }  // namespace lk

@@ -71,6 +71,10 @@ bool FailureTravels(const RunContext& rc);
 void SetExit(RunContext* rc, std::uint32_t state, const char* message, char kind,
              char rollback = ' ');
 
+// Puts `command` into RunContext.command: a bounded copy of at most 80
+// characters that fills the rest of the 81 bytes with NUL.
+void SetCommand(RunContext* rc, const char* command);
+
 }  // namespace lk
 
 #endif  // WATRIX_FRAME_RUN_CONTEXT_H_

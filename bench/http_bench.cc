@@ -1,0 +1,228 @@
+// What one event costs over HTTP, beside what HTTP alone costs.
+//
+// The benchmark runs the host (MakeHost, the module beside this program) and
+// its HttpServer in this process on a free loopback port, and drives them
+// with httplib::Client over one kept-alive connection:
+//
+//   BM_EmptyRoundTrip  GET /api/screen without a token: the server answers
+//                      401 itself and never asks the host. The floor that
+//                      HTTP sets.
+//   BM_ScreenRoundTrip GET /api/screen of a session: the host's queue and
+//                      the screen's JSON, no unit runs.
+//   BM_MenuEvent       Click "Additional Tables >>>" on the menu, then
+//                      "C&lose" on RT1A: two events per iteration, each
+//                      answer parsed as the page would.
+//
+// Every answer is checked (status and the windows it lists) so that speed
+// never hides a wrong result; a wrong answer stops the benchmark with an
+// error. The figures are printed side by side at the end.
+#include <limits.h>
+#include <signal.h>
+#include <stdlib.h>
+#include <unistd.h>
+
+#include <cstdio>
+#include <filesystem>
+#include <map>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include <benchmark/benchmark.h>
+#include <httplib.h>
+#include <nlohmann/json.hpp>
+
+#include "host/host.h"
+#include "web/server.h"
+
+namespace watrix {
+namespace {
+
+using nlohmann::json;
+
+constexpr char kMenu[] = "RT1_REFERENCE_TABLE_MAINT_MENU";
+constexpr char kMenuA[] = "RT1A_REFERENCE_TABLE_MAINT_MENU";
+
+int g_port = 0;
+std::string g_token;
+
+std::string ProgramDir() {
+  char path[PATH_MAX];
+  ssize_t n = readlink("/proc/self/exe", path, sizeof(path) - 1);
+  if (n <= 0) return ".";
+  std::string exe(path, static_cast<std::size_t>(n));
+  return exe.substr(0, exe.rfind('/'));
+}
+
+std::unique_ptr<httplib::Client> NewClient() {
+  auto client = std::make_unique<httplib::Client>("127.0.0.1", g_port);
+  client->set_keep_alive(true);
+  client->set_tcp_nodelay(true);
+  return client;
+}
+
+// True when `screen` lists exactly `names`, bottom to top.
+bool WindowsAre(const json& screen, const std::vector<std::string>& names) {
+  if (!screen.is_object() || !screen.contains("windows")) return false;
+  const json& windows = screen["windows"];
+  if (!windows.is_array() || windows.size() != names.size()) return false;
+  for (std::size_t i = 0; i < names.size(); ++i) {
+    if (windows[i].value("name", "") != names[i]) return false;
+  }
+  return true;
+}
+
+void BM_EmptyRoundTrip(benchmark::State& state) {
+  auto client = NewClient();
+  for (auto _ : state) {
+    auto r = client->Get("/api/screen");
+    if (!r || r->status != 401) {
+      state.SkipWithError("GET /api/screen without a token is not 401");
+      break;
+    }
+    benchmark::DoNotOptimize(r->body.data());
+  }
+  state.SetItemsProcessed(state.iterations());
+}
+BENCHMARK(BM_EmptyRoundTrip)->Unit(benchmark::kMicrosecond);
+
+void BM_ScreenRoundTrip(benchmark::State& state) {
+  auto client = NewClient();
+  const httplib::Headers auth = {{"Authorization", "Bearer " + g_token}};
+  for (auto _ : state) {
+    auto r = client->Get("/api/screen", auth);
+    if (!r || r->status != 200 ||
+        !WindowsAre(json::parse(r->body, nullptr, false), {kMenu})) {
+      state.SkipWithError("GET /api/screen does not show the menu");
+      break;
+    }
+  }
+  state.SetItemsProcessed(state.iterations());
+}
+BENCHMARK(BM_ScreenRoundTrip)->Unit(benchmark::kMicrosecond);
+
+void BM_MenuEvent(benchmark::State& state) {
+  auto client = NewClient();
+  const httplib::Headers auth = {{"Authorization", "Bearer " + g_token}};
+  const std::string open =
+      json{{"window", kMenu}, {"control", "Additional Tables >>>"},
+           {"event", "Click"}}
+          .dump();
+  const std::string close =
+      json{{"window", kMenuA}, {"control", "C&lose"}, {"event", "Click"}}.dump();
+  for (auto _ : state) {
+    auto r = client->Post("/api/events", auth, open, "application/json");
+    if (!r || r->status != 200 ||
+        !WindowsAre(json::parse(r->body, nullptr, false), {kMenu, kMenuA})) {
+      state.SkipWithError("Additional Tables >>> did not open RT1A on top");
+      break;
+    }
+    r = client->Post("/api/events", auth, close, "application/json");
+    if (!r || r->status != 200 ||
+        !WindowsAre(json::parse(r->body, nullptr, false), {kMenu})) {
+      state.SkipWithError("C&lose on RT1A did not close it");
+      break;
+    }
+  }
+  state.SetItemsProcessed(2 * state.iterations());
+}
+BENCHMARK(BM_MenuEvent)->Unit(benchmark::kMicrosecond);
+
+// The console report, then the figures side by side.
+class SummaryReporter : public benchmark::ConsoleReporter {
+ public:
+  void ReportRuns(const std::vector<Run>& runs) override {
+    ConsoleReporter::ReportRuns(runs);
+    for (const Run& run : runs) {
+      if (run.run_type != Run::RT_Iteration || run.error_occurred) continue;
+      // All benchmarks here report in microseconds.
+      micros_[run.run_name.function_name] = run.GetAdjustedRealTime();
+    }
+  }
+
+  void Finalize() override {
+    ConsoleReporter::Finalize();
+    auto get = [this](const char* name) {
+      auto it = micros_.find(name);
+      return it == micros_.end() ? -1.0 : it->second;
+    };
+    const double empty = get("BM_EmptyRoundTrip");
+    const double screen = get("BM_ScreenRoundTrip");
+    const double event = get("BM_MenuEvent") / 2;
+    if (empty <= 0 || screen <= 0 || event <= 0) return;
+    std::printf(
+        "\nper request, wall clock:\n"
+        "  empty HTTP round trip (401 by the server)  %9.1f us  1.00x\n"
+        "  GET /api/screen of a session               %9.1f us  %.2fx\n"
+        "  menu event (POST /api/events, parsed)      %9.1f us  %.2fx\n",
+        empty, screen, screen / empty, event, event / empty);
+  }
+
+ private:
+  std::map<std::string, double> micros_;
+};
+
+int Main(int argc, char** argv) {
+  benchmark::Initialize(&argc, argv);
+  if (benchmark::ReportUnrecognizedArguments(argc, argv)) return 1;
+  signal(SIGPIPE, SIG_IGN);
+
+  // The menu reads no table; the database only has to exist.
+  char dir[] = "/tmp/watrix_http_bench_XXXXXX";
+  if (mkdtemp(dir) == nullptr) {
+    std::perror("http_bench: mkdtemp");
+    return 1;
+  }
+  struct RemoveDir {
+    std::string path;
+    ~RemoveDir() { std::filesystem::remove_all(path); }
+  } remove_dir{dir};
+
+  std::unique_ptr<Host> host;
+  try {
+    HostOptions options;
+    options.module_dir = ProgramDir();
+    options.database = std::string("sqlite:") + dir + "/bench.db";
+    host = MakeHost(options);
+  } catch (const std::exception& e) {
+    std::fprintf(stderr, "http_bench: cannot start the host: %s\n", e.what());
+    return 1;
+  }
+  HttpServer server(host.get());
+  std::string error;
+  if (!server.Start("127.0.0.1:0", &error)) {
+    std::fprintf(stderr, "http_bench: %s\n", error.c_str());
+    return 1;
+  }
+  g_port = server.port();
+
+  auto client = NewClient();
+  auto r = client->Post("/api/sessions",
+                        json{{"user", "JSMITH"}, {"org", "ZZZZZZZZ"}}.dump(),
+                        "application/json");
+  if (!r || r->status != 201) {
+    std::fprintf(stderr, "http_bench: POST /api/sessions failed: %s\n",
+                 r ? r->body.c_str() : httplib::to_string(r.error()).c_str());
+    return 1;
+  }
+  json created = json::parse(r->body, nullptr, false);
+  if (!created.is_object() || !created["session"].is_string() ||
+      !WindowsAre(created["screen"], {kMenu})) {
+    std::fprintf(stderr, "http_bench: the session does not open the menu: %s\n",
+                 r->body.c_str());
+    return 1;
+  }
+  g_token = created["session"];
+  client.reset();
+
+  SummaryReporter reporter;
+  benchmark::RunSpecifiedBenchmarks(&reporter);
+  benchmark::Shutdown();
+  server.Stop();
+  return 0;
+}
+
+}  // namespace
+}  // namespace watrix
+
+int main(int argc, char** argv) { return watrix::Main(argc, argv); }

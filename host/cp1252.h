@@ -1,0 +1,22 @@
+// Text crossing the host's boundary: UTF-8 on the wire, code page 1252 in the
+// views. Everything 1252 can hold converts both ways; anything else is
+// refused, never replaced.
+#ifndef WATRIX_HOST_CP1252_H_
+#define WATRIX_HOST_CP1252_H_
+
+#include <string>
+#include <string_view>
+
+namespace watrix {
+
+// Converts UTF-8 to 1252. Returns false, with the reason in *error, for
+// malformed UTF-8 or a character that 1252 cannot hold.
+bool Utf8ToCp1252(std::string_view utf8, std::string* out, std::string* error);
+
+// Converts 1252 to UTF-8. Bytes 1252 leaves undefined (0x81, 0x8D, 0x8F,
+// 0x90, 0x9D) map to the C1 control of the same number.
+std::string Cp1252ToUtf8(std::string_view text);
+
+}  // namespace watrix
+
+#endif  // WATRIX_HOST_CP1252_H_

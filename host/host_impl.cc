@@ -1,0 +1,157 @@
+// The host: sessions by unguessable token, each event run on the runtime
+// thread, answers in the JSON shapes of the host's interface.
+#include <fstream>
+#include <map>
+#include <mutex>
+#include <random>
+#include <stdexcept>
+
+#include "host/cp1252.h"
+#include "host/host.h"
+#include "host/modules.h"
+#include "host/runtime.h"
+#include "host/session.h"
+
+namespace watrix {
+
+namespace {
+
+Reply Refuse(int status, const std::string& reason) { return {status, {{"error", reason}}}; }
+
+// 32 bytes from the system's random source, as hex.
+std::string NewToken() {
+  std::random_device device;
+  static const char kHex[] = "0123456789abcdef";
+  std::string token;
+  for (int i = 0; i < 8; ++i) {
+    const unsigned word = device();
+    for (int k = 0; k < 8; ++k) token.push_back(kHex[(word >> (4 * k)) & 0xF]);
+  }
+  return token;
+}
+
+// A user id or organisation: 1 to 8 characters of code page 1252.
+bool Identity(const nlohmann::json& request, const char* key, std::string* out,
+              std::string* why) {
+  if (!request.contains(key) || !request[key].is_string()) {
+    *why = std::string("\"") + key + "\" must be a text";
+    return false;
+  }
+  if (!Utf8ToCp1252(request[key].get<std::string>(), out, why)) {
+    *why = std::string("\"") + key + "\": " + *why;
+    return false;
+  }
+  if (out->empty() || out->size() > 8) {
+    *why = std::string("\"") + key + "\" must hold 1 to 8 characters";
+    return false;
+  }
+  return true;
+}
+
+class HostImpl : public Host {
+ public:
+  explicit HostImpl(const HostOptions& options)
+      : options_(options), modules_(options.module_dir, "LKBASE") {}
+
+  ~HostImpl() override {
+    // Sessions go on the runtime thread, where they ran.
+    runtime_.Run<int>([this] {
+      sessions_.clear();
+      return 0;
+    });
+  }
+
+  Reply CreateSession(const nlohmann::json& request) override {
+    if (!request.is_object()) return Refuse(400, "the request must be a JSON object");
+    std::string user, org, why;
+    if (!Identity(request, "user", &user, &why) || !Identity(request, "org", &org, &why))
+      return Refuse(400, why);
+    if (options_.auth == "database" &&
+        (!request.contains("password") || !request["password"].is_string()))
+      return Refuse(400, "\"password\" must be a text");
+    StartRequest start;
+    if (request.contains("start")) {
+      const nlohmann::json& s = request["start"];
+      if (!s.is_object() || !s.contains("procedure") || !s["procedure"].is_string())
+        return Refuse(400, "\"start\" needs a \"procedure\"");
+      start.procedure = s["procedure"].get<std::string>();
+      if (s.contains("mode")) {
+        if (!s["mode"].is_string()) return Refuse(400, "\"mode\" must be a text");
+        start.mode = s["mode"].get<std::string>();
+      }
+      if (s.contains("command")) {
+        if (!s["command"].is_string() ||
+            !Utf8ToCp1252(s["command"].get<std::string>(), &start.command, &why) ||
+            start.command.size() > 80)
+          return Refuse(400, "\"command\" must be a text of at most 80 characters");
+      }
+      if (s.contains("import")) {
+        if (!s["import"].is_object()) return Refuse(400, "\"import\" must be an object");
+        for (const auto& [name, value] : s["import"].items()) {
+          std::string text;
+          if (!value.is_string() || !Utf8ToCp1252(value.get<std::string>(), &text, &why))
+            return Refuse(400, "import " + name + " must be a text of code page 1252");
+          start.import.emplace_back(name, text);
+        }
+      }
+    }
+    return runtime_.Run<Reply>([&]() -> Reply {
+      auto session = std::make_unique<Session>(&modules_, std::make_unique<NullStore>(),
+                                               SystemClock());
+      const std::string refused = session->Start(user, org, start);
+      if (!refused.empty()) return Refuse(400, refused);
+      std::string token = NewToken();
+      nlohmann::json screen = session->Screen();
+      std::lock_guard<std::mutex> lock(mutex_);
+      sessions_[token] = std::move(session);
+      return {201, {{"session", token}, {"screen", std::move(screen)}}};
+    });
+  }
+
+  Reply Screen(const std::string& token) override {
+    return runtime_.Run<Reply>([&]() -> Reply {
+      Session* s = Find(token);
+      if (s == nullptr) return Refuse(401, "unknown session");
+      return {200, s->Screen()};
+    });
+  }
+
+  Reply Event(const std::string& token, const nlohmann::json& event) override {
+    return runtime_.Run<Reply>([&]() -> Reply {
+      Session* s = Find(token);
+      if (s == nullptr) return Refuse(401, "unknown session");
+      return s->Event(event);
+    });
+  }
+
+  Reply EndSession(const std::string& token) override {
+    return runtime_.Run<Reply>([&]() -> Reply {
+      std::lock_guard<std::mutex> lock(mutex_);
+      auto it = sessions_.find(token);
+      if (it == sessions_.end()) return Refuse(401, "unknown session");
+      sessions_.erase(it);
+      return {204, nullptr};
+    });
+  }
+
+ private:
+  Session* Find(const std::string& token) {
+    std::lock_guard<std::mutex> lock(mutex_);
+    auto it = sessions_.find(token);
+    return it == sessions_.end() ? nullptr : it->second.get();
+  }
+
+  HostOptions options_;
+  Modules modules_;
+  std::mutex mutex_;
+  std::map<std::string, std::unique_ptr<Session>> sessions_;
+  Runtime runtime_;  // last, so that it stops first
+};
+
+}  // namespace
+
+std::unique_ptr<Host> MakeHost(const HostOptions& options) {
+  return std::make_unique<HostImpl>(options);
+}
+
+}  // namespace watrix

@@ -1,0 +1,60 @@
+// The resource text format.
+#include "host/resources.h"
+
+#include <gtest/gtest.h>
+
+namespace watrix {
+namespace {
+
+TEST(ResourcesTest, ParsesDialogsAndStrings) {
+  const char* text =
+      "# comment\n"
+      "dialog 10 \"A \\\"quoted\\\" title\" 316 200 style 0x02C40001\n"
+      "  static 11 \"Label\" 7 7 40 8 center\n"
+      "  button 12 \"Accep&t\" 7 20 50 14 default\n"
+      "  edit 13 70 7 60 12\n"
+      "end\n"
+      "strings\n"
+      "  1 \"Field does not contain permitted value; Please retry; Use Help for field "
+      "information.\"\n"
+      "end\n";
+  Resources r;
+  std::string error;
+  ASSERT_TRUE(ParseResources(text, &r, &error)) << error;
+  const Dialog* d = r.FindDialog(10);
+  ASSERT_NE(nullptr, d);
+  EXPECT_EQ("A \"quoted\" title", d->title);
+  EXPECT_EQ(316, d->width);
+  EXPECT_EQ(0x02C40001u, d->style);
+  ASSERT_EQ(3u, d->controls.size());
+  EXPECT_TRUE(d->Find(11)->center);
+  EXPECT_TRUE(d->Find(12)->is_default);
+  EXPECT_EQ("", d->Find(13)->text);
+  EXPECT_EQ(60, d->Find(13)->w);
+  EXPECT_EQ("Field does not contain permitted value; Please retry; Use Help for field information.",
+            r.strings[1]);
+}
+
+TEST(ResourcesTest, RefusesBrokenTextNamingTheLine) {
+  struct Case {
+    const char* text;
+    const char* line;
+  } cases[] = {
+      {"dialog 1 \"x\" 1 2 style 3\n  widget 2 1 1 1 1\nend\n", "line 2"},
+      {"dialog 1 \"x\" 1 2 style 3\n", "missing end"},
+      {"dialog 1 \"x\n", "line 1"},
+      {"strings\n 1 nope\nend\n", "line 2"},
+      {"dialog 1 \"x\" 1 2 style 3\n button 2 \"a\" 1 1 1 1\n button 2 \"b\" 1 1 1 1\nend\n",
+       "line 3"},
+  };
+  for (const Case& c : cases) {
+    SCOPED_TRACE(c.text);
+    Resources r;
+    std::string error;
+    EXPECT_FALSE(ParseResources(c.text, &r, &error));
+    EXPECT_NE(std::string::npos, error.find(c.line)) << error;
+  }
+}
+
+}  // namespace
+}  // namespace watrix

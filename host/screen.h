@@ -1,0 +1,21 @@
+// The WINDOW of a SCREEN: what the page and other clients see of an open
+// window, built from its design rows, its dialog template and its field
+// buffers.
+#ifndef WATRIX_HOST_SCREEN_H_
+#define WATRIX_HOST_SCREEN_H_
+
+#include <nlohmann/json.hpp>
+
+#include "host/module_image.h"
+#include "host/window_state.h"
+
+namespace watrix {
+
+// Controls in tab order (the ControlRows), then the static texts and group
+// boxes of the template. Texts are UTF-8.
+nlohmann::json WindowJson(const OpenWindow& window, const ModuleImage& module,
+                          const char* procedure_name);
+
+}  // namespace watrix
+
+#endif  // WATRIX_HOST_SCREEN_H_

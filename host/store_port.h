@@ -1,0 +1,31 @@
+// The host's view of the database: one transaction per event.
+//
+// The host calls Begin before the first unit of an event runs, Commit after a
+// normal end, and Rollback on the marker "R" or a fatal stop. The store of
+// the session implements it; NullStore stands in where a session has no
+// database.
+#ifndef WATRIX_HOST_STORE_PORT_H_
+#define WATRIX_HOST_STORE_PORT_H_
+
+namespace watrix {
+
+class StorePort {
+ public:
+  virtual ~StorePort() = default;
+  virtual void Begin() = 0;
+  virtual void Commit() = 0;
+  virtual void Rollback() = 0;
+  // What the module's statements reach through SessionPort.store.
+  virtual void* ModuleHandle() { return nullptr; }
+};
+
+class NullStore : public StorePort {
+ public:
+  void Begin() override {}
+  void Commit() override {}
+  void Rollback() override {}
+};
+
+}  // namespace watrix
+
+#endif  // WATRIX_HOST_STORE_PORT_H_

@@ -1,0 +1,285 @@
+// The design rows of the reference table menu: its flows, its three windows'
+// controls and events, and its view dictionary.
+//
+// Buttons that carry a keyword have no EventRow: a press sends the keyword as
+// COMMAND and runs the body. The flows to procedures whose modules are not
+// built yet have no send and receive; the host fails them as a missing
+// module. A later module's change gives its flow from the menu these two
+// functions.
+#include <cstddef>
+
+#include "frame/run_context.h"
+#include "frame/transport/plan.h"
+#include "modules/menu/menu.h"
+#include "modules/menu/menu_units.h"
+#include "modules/menu/menu_views.h"
+
+namespace lk::menu {
+
+u32 flow_state[2];
+
+const u32 kImportSize = sizeof(MenuImport);
+const u32 kExportSize = sizeof(MenuExport);
+
+namespace {
+
+constexpr u32 Flow(u32 n) { return (n << 16) | 0x00E4; }
+
+// One ReturnRow per flow.
+constexpr ReturnRow kReturnsOnReturn[] = {{0, 0, EXIT_RETURN, 0, 0, 0}};
+constexpr ReturnRow kReturnsOnCancel[] = {{0, 0, EXIT_CANCEL, 0, 0, 0}};
+
+}  // namespace
+
+// Exit states of the body and of RT1B, and the flow each takes.
+const ExitRow kExitRows[] = {
+    {kExitAnalyticalEquipment, Flow(0x101), 'M'},
+    {kExitErrorMessage, Flow(0x102), 'M'},
+    {kExitLabRemark, Flow(0x103), 'M'},
+    {kExitAnalyticalProcedure, Flow(0x104), 'M'},
+    {kExitEstuary, Flow(0x105), 'M'},
+    {kExitLabSamplePrep, Flow(0x106), 'M'},
+    {kExitBioPart, Flow(0x107), 'M'},
+    {kExitFipsHydrologicUnit, Flow(0x108), 'M'},
+    {kExitLithologicUnit, Flow(0x109), 'M'},
+    {kExitFieldGear, Flow(0x10A), 'M'},
+    {kExitPermittedValue, Flow(0x10B), 'M'},
+    {kExitCharAliasType, Flow(0x10C), 'M'},
+    {kExitGeologicUnit, Flow(0x10D), 'M'},
+    {kExitPersonRole, Flow(0x10E), 'M'},
+    {kExitCharacteristicType, Flow(0x10F), 'M'},
+    {kExitGeopoliticalArea, Flow(0x110), 'M'},
+    {kExitProjectStationRole, Flow(0x111), 'M'},
+    {kExitCitation, Flow(0x112), 'M'},
+    {kExitNativeAmericanLand, Flow(0x113), 'M'},
+    {kExitStandardIndustrialClass, Flow(0x114), 'M'},
+    {kExitUnitOfMeasure, Flow(0x115), 'M'},
+    {kExitValidStationType, Flow(0x116), 'M'},
+    {kExitNonTaxonCharacteristics, Flow(0x117), 'M'},
+    {kExitTaxonCharacteristics, Flow(0x118), 'M'},
+    {kExitNationalProgram, Flow(0x119), 'M'},
+    {0, 0, 0},
+};
+
+#define LK_FLOW(n, id, name, mode, on_command, returns, return_command)                   \
+  {Flow(n), "L", id, name, nullptr, nullptr, returns, mode, on_command, "E", return_command, \
+   0}
+
+const FlowRow kFlowRows[] = {
+    LK_FLOW(0x101, 1293, "RT14_ANALYTICAL_EQUIP_MAINT_LIST", "E", "$#CURR#$", kReturnsOnReturn, ""),
+    LK_FLOW(0x102, 113, "RT52_ERROR_MESSAGES_MAINT_LIST", "D", "", kReturnsOnCancel, ""),
+    LK_FLOW(0x103, 363, "RT50_LAB_REMARK_MAINT_LIST", "D", "", kReturnsOnCancel, ""),
+    LK_FLOW(0x104, 1156, "RT16_ANALYT_PROCEDURE_MAINT_LIST", "E", "$#CURR#$", kReturnsOnReturn, ""),
+    LK_FLOW(0x105, 111, "RT22_ESTUARY_MAINTENANCE_LIS0", "D", "", kReturnsOnCancel, ""),
+    LK_FLOW(0x106, 706, "RT20_LAB_SAMPLE_PREP_MAINT_LIST", "E", "$#CURR#$", kReturnsOnReturn, ""),
+    LK_FLOW(0x107, 744, "RT48_BIO_PART_MAINT_LIST", "D", "", kReturnsOnCancel, ""),
+    LK_FLOW(0x108, 314, "RT36_FIPS_HUC_MAINT_LIST", "E", "$#CURR#$", kReturnsOnReturn, ""),
+    LK_FLOW(0x109, 577, "RT42_LITHOLOGIC_UNIT_MAINT_LIST", "E", "$#CURR#$", kReturnsOnReturn, ""),
+    LK_FLOW(0x10A, 187, "RT18_FIELD_GEAR_MAINTENANCE_LIST", "E", "$#CURR#$", kReturnsOnReturn, ""),
+    LK_FLOW(0x10B, 407, "RT2_PERMITTED_VALUE_MAINT_LIST", "E", "$#CURR#$", kReturnsOnReturn, "$#CURR#$"),
+    LK_FLOW(0x10C, 109, "RT57_CHAR_ALIAS_TYPE_MAINT", "E", "$#CURR#$", kReturnsOnReturn, ""),
+    LK_FLOW(0x10D, 1008, "RT46_GEOLOGIC_UNIT_MAINT_LIST", "D", "", kReturnsOnCancel, ""),
+    LK_FLOW(0x10E, 121, "RT55_PERSON_ROLE_MAINT_LIST", "E", "$#CURR#$", kReturnsOnReturn, ""),
+    LK_FLOW(0x10F, 163, "RT11_CATEGORY_SUBCAT_MAINT_LIST", "E", "", kReturnsOnCancel, ""),
+    LK_FLOW(0x110, 1053, "RT44_GEO_POL_AREA_MAINT_LIST1", "D", "", kReturnsOnCancel, ""),
+    LK_FLOW(0x111, 766, "RT40_PROJECT_ROLE_MAIN_LIST", "E", "$#CURR#$", kReturnsOnReturn, ""),
+    LK_FLOW(0x112, 119, "RT26_NATL_CITATION_MAINT_LIST", "E", "$#CURR#$", kReturnsOnReturn, ""),
+    LK_FLOW(0x113, 1122, "RT28_NATIVE_AMERCN_LAND_MAIN_LST", "E", "$#CURR#$", kReturnsOnReturn, ""),
+    LK_FLOW(0x114, 676, "RT32_STND_INDSTRL_CD_MAINT_LIST", "E", "$#CURR#$", kReturnsOnReturn, ""),
+    LK_FLOW(0x115, 1259, "RT34_UNIT_OF_MEASURE_MAINT_LIST", "E", "$#CURR#$", kReturnsOnReturn, ""),
+    LK_FLOW(0x116, 129, "RT30_VALID_STN_TYPE_MAINT_LIST", "E", "$#CURR#$", kReturnsOnReturn, ""),
+    LK_FLOW(0x117, 115, "RT4_CHAR_TABLE_MAINT_LIST", "D", "", kReturnsOnReturn, ""),
+    LK_FLOW(0x118, 243, "RT4A_TAXON_CHAR_MAINT_LIST", "D", "", kReturnsOnReturn, ""),
+    LK_FLOW(0x119, 117, "RT24_NATL_PROGRAM_MAINT_LIST", "E", "$#CURR#$", kReturnsOnReturn, ""),
+    {0, nullptr, 0, nullptr, nullptr, nullptr, nullptr, nullptr, nullptr, nullptr, nullptr, 0},
+};
+
+#undef LK_FLOW
+
+// ---- Windows ----
+
+namespace {
+
+constexpr u32 kButtonType = 0x00010004;
+constexpr std::uint16_t kButtons[] = {kTagButton};
+constexpr const void* kButton = kButtons;
+
+}  // namespace
+
+const StaticItemRow kNoStatics[] = {{0, nullptr, 0}};
+
+#define LK_KEY(id, keyword, code, name) {id, keyword, 0, nullptr, KeywordCode(code), kButtonType, name}
+#define LK_PLAIN(id, name) {id, "", 0, nullptr, 0, kButtonType, name}
+#define LK_HELP(id, name) {id, "", 3, nullptr, 0, kButtonType, name}
+#define LK_CONTROL(id, name) {id, kButton, nullptr, nullptr, 0, name, 0}
+
+// First page, buttons in tab order: three columns a row, seven rows, then
+// "Additional Tables >>>", "C&lose" and "&Help".
+const ActionControlRow kMainActions[] = {
+    LK_KEY(841, "LINK3", 1461, "Button1"),   LK_KEY(842, "LINK52", 1413, "Button2"),
+    LK_KEY(843, "LINK15", 1515, "Button3"),  LK_KEY(847, "LINK5", 1475, "Button4"),
+    LK_KEY(848, "LINK22", 1485, "Button5"),  LK_KEY(849, "LINK8", 1517, "Button6"),
+    LK_KEY(853, "LINK14", 1507, "Button7"),  LK_KEY(854, "LINK36", 1462, "Button8"),
+    LK_KEY(855, "LINK11", 1480, "Button9"),  LK_KEY(859, "LINK2", 1452, "Button10"),
+    LK_KEY(860, "LINK7", 1489, "Button11"),  LK_KEY(861, "LINK1", 1447, "Button12"),
+    LK_KEY(865, "LINK6", 1484, "Button13"),  LK_KEY(866, "LINK13", 1430, "Button14"),
+    LK_KEY(867, "LINK55", 1453, "Button15"), LK_KEY(871, "LINK10", 1468, "Button16"),
+    LK_KEY(872, "LINK12", 1487, "Button17"), LK_KEY(873, "LINK40", 1520, "Button18"),
+    LK_KEY(877, "LINK4", 1464, "Button19"),  LK_KEY(878, "LINK9", 1523, "Button20"),
+    LK_KEY(879, "LINK32", 1442, "Button21"), LK_PLAIN(880, "Button22"),
+    LK_KEY(881, "EXIT", 1410, "Button23"),   LK_HELP(882, "Button24"),
+    {0, nullptr, 0, nullptr, 0, 0, nullptr},
+};
+
+const ControlRow kMainControls[] = {
+    LK_CONTROL(841, "Button1"),   LK_CONTROL(842, "Button2"),   LK_CONTROL(843, "Button3"),
+    LK_CONTROL(847, "Button4"),   LK_CONTROL(848, "Button5"),   LK_CONTROL(849, "Button6"),
+    LK_CONTROL(853, "Button7"),   LK_CONTROL(854, "Button8"),   LK_CONTROL(855, "Button9"),
+    LK_CONTROL(859, "Button10"),  LK_CONTROL(860, "Button11"),  LK_CONTROL(861, "Button12"),
+    LK_CONTROL(865, "Button13"),  LK_CONTROL(866, "Button14"),  LK_CONTROL(867, "Button15"),
+    LK_CONTROL(871, "Button16"),  LK_CONTROL(872, "Button17"),  LK_CONTROL(873, "Button18"),
+    LK_CONTROL(877, "Button19"),  LK_CONTROL(878, "Button20"),  LK_CONTROL(879, "Button21"),
+    LK_CONTROL(880, "Button22"),  LK_CONTROL(881, "Button23"),  LK_CONTROL(882, "Button24"),
+    {0, nullptr, nullptr, nullptr, 0, nullptr, 0},
+};
+
+// The one event of the first page: "Additional Tables >>>".
+const EventRow kMainEvents[] = {
+    {880, "Click", RT1_PB_ADDITIONAL_TABLES_CLICK, nullptr, ' ', 0, 0, 0},
+    {0, nullptr, nullptr, nullptr, 0, 0, 0, 0},
+};
+
+const ActionControlRow kPage2Actions[] = {
+    LK_KEY(822, "LINK34", 1504, "Button1"), LK_KEY(824, "LINK30", 1492, "Button2"),
+    LK_PLAIN(825, "Button3"), LK_HELP(826, "Button4"),
+    {0, nullptr, 0, nullptr, 0, 0, nullptr},
+};
+
+const ControlRow kPage2Controls[] = {
+    LK_CONTROL(822, "Button1"), LK_CONTROL(824, "Button2"), LK_CONTROL(825, "Button3"),
+    LK_CONTROL(826, "Button4"), {0, nullptr, nullptr, nullptr, 0, nullptr, 0},
+};
+
+const EventRow kPage2Events[] = {
+    {825, "Click", RT1A_PBM_CLOSE_CLK, nullptr, ' ', 0, 0, 0},
+    {0, nullptr, nullptr, nullptr, 0, 0, 0, 0},
+};
+
+const ActionControlRow kCharTypeActions[] = {
+    LK_PLAIN(830, "Button1"), LK_PLAIN(831, "Button2"), LK_PLAIN(832, "Button3"),
+    LK_HELP(833, "Button4"), {0, nullptr, 0, nullptr, 0, 0, nullptr},
+};
+
+const ControlRow kCharTypeControls[] = {
+    LK_CONTROL(830, "Button1"), LK_CONTROL(831, "Button2"), LK_CONTROL(832, "Button3"),
+    LK_CONTROL(833, "Button4"), {0, nullptr, nullptr, nullptr, 0, nullptr, 0},
+};
+
+const EventRow kCharTypeEvents[] = {
+    {830, "Click", RT1B_NON_TAXON_CHARS, nullptr, ' ', 0, 0, 0},
+    {831, "Click", RT1B_TAXON_CHARS, nullptr, ' ', 0, 0, 0},
+    {832, "Click", RT1_CHAR_TYPE_CLOSE, nullptr, ' ', 0, 0, 0},
+    {0, nullptr, nullptr, nullptr, 0, 0, 0, 0},
+};
+
+#undef LK_KEY
+#undef LK_PLAIN
+#undef LK_HELP
+#undef LK_CONTROL
+
+// ---- View dictionary ----
+
+namespace {
+
+constexpr PermittedRow kYesNo[] = {{"Y", 0}, {"N", 0}, {nullptr, 0}};
+
+constexpr AttributeType kText1 = {2, "S ", 1, "", nullptr, 0, {0, 0}};
+constexpr AttributeType kFlag = {2, "S ", 1, "", kYesNo, 0, {0, 0}};
+constexpr AttributeType kText2 = {3, "S ", 2, "", nullptr, 0, {0, 0}};
+constexpr AttributeType kText8 = {9, "S ", 8, "", nullptr, 0x100, {0, 0}};
+
+#define LK_AT(type, member) static_cast<u32>(offsetof(type, member))
+
+constexpr AttributeRow kSourceAttributes[] = {
+    {"ACTION_ENTRY", 3, LK_AT(MenuImport, RUNTIME_SUPPLIED.ACTION_ENTRY),
+     LK_AT(MenuExport, EXPORT_SOURCE.ACTION_ENTRY.value), &kText2},
+    {nullptr, 0, 0, 0, nullptr},
+};
+
+constexpr AttributeRow kInitialAddAttributes[] = {
+    {"FLAG", 2, LK_AT(MenuImport, RUNTIME_SUPPLIED.FLAG),
+     LK_AT(MenuExport, EXPORT_INITIAL_ADD.FLAG.value), &kFlag},
+    {"SELECT_CHAR", 2, 0, LK_AT(MenuExport, EXPORT_INITIAL_ADD.SELECT_CHAR.value), &kText1},
+    {nullptr, 0, 0, 0, nullptr},
+};
+
+constexpr AttributeRow kSystemAttributes[] = {
+    {"USER_ID_CODE", 9, LK_AT(MenuImport, SYSTEM_VARIABLE.USER_ID_CODE),
+     LK_AT(MenuExport, EXPORT.USER_ID_CODE.value), &kText8},
+    {"CURRENT_ORG_ID", 9, LK_AT(MenuImport, SYSTEM_VARIABLE.CURRENT_ORG_ID),
+     LK_AT(MenuExport, EXPORT.CURRENT_ORG_ID.value), &kText8},
+    {nullptr, 0, 0, 0, nullptr},
+};
+
+#undef LK_AT
+
+}  // namespace
+
+const ViewRow kViewRows[] = {
+    {"EXPORT_SOURCE.RUNTIME_SUPPLIED.", 0, 0, kSourceAttributes},
+    {"EXPORT_INITIAL_ADD.RUNTIME_SUPPLIED.", 0, 0, kInitialAddAttributes},
+    {"EXPORT.SYSTEM_VARIABLE.", 0, 0, kSystemAttributes},
+    {nullptr, 0, 0, nullptr},
+};
+
+const GroupRow kGroupRows[] = {
+    {"*", 3u << 16, 0, 0, 0, 0},
+};
+
+// ---- View transport ----
+
+namespace {
+
+constexpr ViewNameRow kViewName = {"RT1_REFERENCE_TABLE_MAINT_MENU", kViewRows, kGroupRows,
+                                   kProcedureId};
+constexpr FieldBinding kMainFields[] = {
+    {841, nullptr, nullptr, nullptr}, {842, nullptr, nullptr, nullptr},
+    {843, nullptr, nullptr, nullptr}, {847, nullptr, nullptr, nullptr},
+    {848, nullptr, nullptr, nullptr}, {849, nullptr, nullptr, nullptr},
+    {853, nullptr, nullptr, nullptr}, {854, nullptr, nullptr, nullptr},
+    {855, nullptr, nullptr, nullptr}, {859, nullptr, nullptr, nullptr},
+    {860, nullptr, nullptr, nullptr}, {861, nullptr, nullptr, nullptr},
+    {865, nullptr, nullptr, nullptr}, {866, nullptr, nullptr, nullptr},
+    {867, nullptr, nullptr, nullptr}, {871, nullptr, nullptr, nullptr},
+    {872, nullptr, nullptr, nullptr}, {873, nullptr, nullptr, nullptr},
+    {877, nullptr, nullptr, nullptr}, {878, nullptr, nullptr, nullptr},
+    {879, nullptr, nullptr, nullptr}, {880, nullptr, nullptr, nullptr},
+    {881, nullptr, nullptr, nullptr}, {882, nullptr, nullptr, nullptr},
+};
+constexpr FieldBinding kPage2Fields[] = {
+    {822, nullptr, nullptr, nullptr}, {824, nullptr, nullptr, nullptr},
+    {825, nullptr, nullptr, nullptr}, {826, nullptr, nullptr, nullptr},
+};
+constexpr FieldBinding kCharTypeFields[] = {
+    {830, nullptr, nullptr, nullptr}, {831, nullptr, nullptr, nullptr},
+    {832, nullptr, nullptr, nullptr}, {833, nullptr, nullptr, nullptr},
+};
+constexpr WindowBinding kMainBinding = {&kWindowRows[0], &kViewName, kMainFields};
+constexpr WindowBinding kPage2Binding = {&kWindowRows[1], &kViewName, kPage2Fields};
+constexpr WindowBinding kCharTypeBinding = {&kWindowRows[2], &kViewName, kCharTypeFields};
+
+}  // namespace
+
+void ReadMain(WindowHandle w, void* v) { ReadWindowBy(kMainBinding, w, v); }
+void WriteMain(WindowHandle w, void* v) { WriteWindowBy(kMainBinding, w, v); }
+void ReadPage2(WindowHandle w, void* v) { ReadWindowBy(kPage2Binding, w, v); }
+void WritePage2(WindowHandle w, void* v) { WriteWindowBy(kPage2Binding, w, v); }
+void ReadCharType(WindowHandle w, void* v) { ReadWindowBy(kCharTypeBinding, w, v); }
+void WriteCharType(WindowHandle w, void* v) { WriteWindowBy(kCharTypeBinding, w, v); }
+
+void ImportToExport(const void* from, void* to) { ImportToExportBy(kViewName, from, to); }
+void ExportToImport(const void* from, void* to) { ExportToImportBy(kViewName, from, to); }
+void ImportUnpack(void* view, ViewStream* stream) { ImportUnpackBy(kViewName, view, stream); }
+void ExportPack(void* view, ViewStream* stream) { ExportPackBy(kViewName, view, stream); }
+
+}  // namespace lk::menu

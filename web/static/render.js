@@ -1,0 +1,682 @@
+// Draws the host's windows as desktop dialogs. Every size comes in dialog
+// units and is drawn on one fixed scale (DLU_X, DLU_Y pixels per unit), so a
+// window keeps the proportions it was designed with.
+//
+// Drawing is incremental: a window that keeps its controls keeps its
+// elements, and only values, states and texts change. A button that the
+// mouse is pressing, a field that has the cursor and a list's scroll position
+// thus survive the answer to an event.
+
+import { parseLabel, cancelButton } from './keys.js';
+
+/** @typedef {import('./api.js').Control} Control */
+/** @typedef {import('./api.js').Win} Win */
+
+/** Pixels per horizontal dialog unit. */
+export const DLU_X = 1.5;
+/** Pixels per vertical dialog unit. */
+export const DLU_Y = 1.75;
+
+/** Where the first primary window stands, and how far each next one steps. */
+const ORIGIN = 16;
+const CASCADE = 24;
+/** Height of a list row and of a list's heading, in pixels. */
+const ROW_PX = 15;
+const HEAD_PX = 17;
+/** The height of a closed combo box, in dialog units. */
+const COMBO_DLU = 12;
+/** The smallest type a label is shrunk to when its text does not fit. */
+const MIN_FONT_PX = 8;
+
+const FIELD_TYPES = new Set(['edit', 'multiline', 'combo', 'radio', 'check']);
+
+/**
+ * Whether the user can change the control's value, so that it goes back to
+ * the host in an event's `values`.
+ * @param {Control} c
+ */
+export function isField(c) {
+  return FIELD_TYPES.has(c.type);
+}
+
+/**
+ * @typedef {{
+ *   el: HTMLElement, client: HTMLElement, title: HTMLElement,
+ *   closeBox: HTMLButtonElement, backdrop: HTMLElement|null,
+ *   sig: string, controls: Map<number, HTMLElement>, data: Map<number, string>
+ * }} WinView
+ * @typedef {{isDirty: (win: string, id: number) => boolean}} RenderOptions
+ */
+
+/** @type {WeakMap<HTMLElement, Map<string, WinView>>} */
+const registry = new WeakMap();
+
+/** @param {number} v @returns {string} */
+const px = (v) => `${Math.round(v * 100) / 100}px`;
+
+/**
+ * Fills `el` with a label, its mnemonic letter underlined.
+ * @param {HTMLElement} el
+ * @param {string|null|undefined} label
+ */
+function setLabel(el, label) {
+  const { parts } = parseLabel(label);
+  el.replaceChildren(
+    ...parts.map((p) => {
+      if (!p.underline) return document.createTextNode(p.text);
+      const u = document.createElement('u');
+      u.textContent = p.text;
+      return u;
+    }),
+  );
+}
+
+/**
+ * What decides whether a window can be updated in place: its kind, size and
+ * the identity, type and place of every control.
+ * @param {Win} w
+ */
+function signature(w) {
+  return [
+    w.kind,
+    w.width,
+    w.height,
+    ...w.controls.map((c) => `${c.id}:${c.type}:${c.x},${c.y},${c.w},${c.h}`),
+  ].join('|');
+}
+
+/**
+ * @param {Control} c
+ * @param {HTMLElement} el
+ */
+function place(c, el) {
+  el.style.left = px(c.x * DLU_X);
+  el.style.top = px(c.y * DLU_Y);
+  el.style.width = px(c.w * DLU_X);
+  const h = c.type === 'combo' ? Math.min(c.h, COMBO_DLU) : c.h;
+  el.style.height = px(h * DLU_Y);
+}
+
+/**
+ * Creates the element of one control, without its state.
+ * @param {Win} w
+ * @param {Control} c
+ * @returns {HTMLElement}
+ */
+function createControl(w, c) {
+  /** @type {HTMLElement} */
+  let el;
+  switch (c.type) {
+    case 'edit':
+    case 'readonly': {
+      const input = document.createElement('input');
+      input.type = 'text';
+      input.autocomplete = 'off';
+      input.spellcheck = false;
+      el = input;
+      break;
+    }
+    case 'multiline': {
+      const ta = document.createElement('textarea');
+      ta.spellcheck = false;
+      el = ta;
+      break;
+    }
+    case 'combo':
+      el = document.createElement('select');
+      break;
+    case 'radio':
+      el = document.createElement('div');
+      el.setAttribute('role', 'radiogroup');
+      break;
+    case 'check': {
+      el = document.createElement('label');
+      const box = document.createElement('input');
+      box.type = 'checkbox';
+      const cap = document.createElement('span');
+      cap.className = 'cap';
+      el.append(box, cap);
+      break;
+    }
+    case 'list': {
+      el = document.createElement('div');
+      el.tabIndex = 0;
+      el.setAttribute('role', 'listbox');
+      const head = document.createElement('div');
+      head.className = 'list-head';
+      const body = document.createElement('div');
+      body.className = 'list-body';
+      el.append(head, body);
+      break;
+    }
+    case 'button':
+    case 'picture': {
+      const b = document.createElement('button');
+      b.type = 'button';
+      el = b;
+      break;
+    }
+    case 'group': {
+      el = document.createElement('fieldset');
+      el.append(document.createElement('legend'));
+      break;
+    }
+    default:
+      // static, and any type this page does not know: shown as text
+      el = document.createElement('div');
+      break;
+  }
+  el.classList.add('ctl', `ctl-${c.type}`);
+  el.dataset.control = String(c.id);
+  el.dataset.type = c.type;
+  if (c.name) el.dataset.name = c.name;
+  el.id = `c-${w.name}-${c.id}`;
+  place(c, el);
+  return el;
+}
+
+/**
+ * The caption of a picture button: an arrow where it pages up or down.
+ * @param {Control} c
+ */
+function pictureCaption(c) {
+  const word = `${c.keyword ?? ''} ${parseLabel(c.label).plain} ${c.name ?? ''}`.toUpperCase();
+  if (/\b(UP|PREV|PREVIOUS|PAGEUP|PGUP)\b/.test(word)) return '\u25B2';
+  if (/\b(DOWN|NEXT|PAGEDOWN|PGDN)\b/.test(word)) return '\u25BC';
+  return null;
+}
+
+/**
+ * The value a check box shows when it is ticked, and when it is not.
+ * @param {Control} c
+ */
+function checkValues(c) {
+  const opts = c.options ?? [];
+  return { on: opts[0]?.value ?? 'Y', off: opts[1]?.value ?? '' };
+}
+
+/**
+ * Reads what the user has typed or chosen in a field, as the host wants it
+ * back: a combo box or radio group its option value, a check box the value
+ * of its state.
+ * @param {HTMLElement} el
+ * @param {Control} c
+ * @returns {string}
+ */
+export function readValue(el, c) {
+  switch (c.type) {
+    case 'combo':
+      return /** @type {HTMLSelectElement} */ (el).selectedIndex < 0
+        ? ''
+        : /** @type {HTMLSelectElement} */ (el).value;
+    case 'radio': {
+      const on = /** @type {HTMLInputElement|null} */ (el.querySelector('input:checked'));
+      return on ? on.value : '';
+    }
+    case 'check': {
+      const box = /** @type {HTMLInputElement} */ (el.querySelector('input'));
+      const v = checkValues(c);
+      return box.checked ? v.on : v.off;
+    }
+    default:
+      return /** @type {HTMLInputElement} */ (el).value;
+  }
+}
+
+/**
+ * Lays out the radio buttons of a group in its box: one under the other
+ * where the box is tall enough, else side by side.
+ * @param {HTMLElement} el
+ * @param {Win} w
+ * @param {Control} c
+ */
+function buildRadios(el, w, c) {
+  const opts = c.options ?? [];
+  const vertical = opts.length > 0 && c.h / opts.length >= 9;
+  el.classList.toggle('vertical', vertical);
+  el.replaceChildren(
+    ...opts.map((o) => {
+      const lab = document.createElement('label');
+      const r = document.createElement('input');
+      r.type = 'radio';
+      r.name = `r-${w.name}-${c.id}`;
+      r.value = o.value;
+      const cap = document.createElement('span');
+      cap.className = 'cap';
+      setLabel(cap, o.text);
+      lab.append(r, cap);
+      return lab;
+    }),
+  );
+}
+
+/**
+ * The left edge and width of each list column, in dialog units from the
+ * list's left side. `right` is the column's right edge; the last column runs
+ * to the list's right side when its edge falls short of it.
+ * @param {Control} c
+ */
+function columnSpans(c) {
+  const cols = c.columns ?? [];
+  let left = 0;
+  return cols.map((col, i) => {
+    let right = col.right;
+    if (i === cols.length - 1 && right < c.w) right = c.w;
+    if (right <= left) right = left + 20;
+    const span = { left, width: right - left, align: col.align };
+    left = right;
+    return span;
+  });
+}
+
+/**
+ * @param {string} align "L", "R" or "C"
+ */
+function textAlign(align) {
+  if (align === 'R') return 'right';
+  if (align === 'C') return 'center';
+  return 'left';
+}
+
+/**
+ * @param {HTMLElement} el
+ * @param {Control} c
+ * @param {Map<number, string>} data what was drawn last, by control id
+ */
+function updateList(el, c, data) {
+  const head = /** @type {HTMLElement} */ (el.querySelector('.list-head'));
+  const body = /** @type {HTMLElement} */ (el.querySelector('.list-body'));
+  const spans = columnSpans(c);
+  const full = Math.max(c.w, ...spans.map((s) => s.left + s.width));
+
+  const colKey = JSON.stringify(c.columns ?? []);
+  if (el.dataset.columns !== colKey) {
+    el.dataset.columns = colKey;
+    const hasHead = (c.columns ?? []).some((col) => col.heading);
+    head.hidden = !hasHead;
+    head.style.width = px(full * DLU_X);
+    head.replaceChildren(
+      ...spans.map((s, i) => {
+        const cell = document.createElement('span');
+        cell.className = 'list-cell';
+        cell.style.left = px(s.left * DLU_X);
+        cell.style.width = px(s.width * DLU_X);
+        cell.style.textAlign = textAlign(s.align);
+        cell.textContent = (c.columns ?? [])[i].heading ?? '';
+        return cell;
+      }),
+    );
+    body.style.top = hasHead ? `${HEAD_PX}px` : '0';
+  }
+
+  const rowKey = JSON.stringify(c.rows ?? []);
+  if (data.get(c.id) === rowKey) return;
+  const before = data.get(c.id);
+  data.set(c.id, rowKey);
+  const prevSelected = before ? JSON.parse(before).find((/** @type {any} */ r) => r.selected)?.row : undefined;
+
+  const scroll = body.scrollTop;
+  /** @type {HTMLElement|null} */
+  let selectedEl = null;
+  body.replaceChildren(
+    ...(c.rows ?? []).map((r) => {
+      const row = document.createElement('div');
+      row.className = 'list-row';
+      row.dataset.row = String(r.row);
+      row.setAttribute('role', 'option');
+      row.setAttribute('aria-selected', String(r.selected));
+      row.style.width = px(full * DLU_X);
+      row.style.height = `${ROW_PX}px`;
+      if (r.selected) {
+        row.classList.add('selected');
+        selectedEl = row;
+      }
+      spans.forEach((s, i) => {
+        const cell = document.createElement('span');
+        cell.className = 'list-cell';
+        cell.style.left = px(s.left * DLU_X);
+        cell.style.width = px(s.width * DLU_X);
+        cell.style.textAlign = textAlign(s.align);
+        cell.textContent = r.cells[i] ?? '';
+        row.append(cell);
+      });
+      return row;
+    }),
+  );
+  body.scrollTop = scroll;
+  const sel = /** @type {HTMLElement|null} */ (selectedEl);
+  if (sel && sel.dataset.row !== String(prevSelected)) sel.scrollIntoView({ block: 'nearest' });
+}
+
+/**
+ * Brings a control's element up to date with the host's view of it.
+ * @param {HTMLElement} el
+ * @param {Win} w
+ * @param {Control} c
+ * @param {WinView} view
+ * @param {RenderOptions} opts
+ * @param {HTMLElement[]} toFit labels whose text changed
+ */
+function updateControl(el, c, w, view, opts, toFit) {
+  const disabled = !c.enabled;
+  el.classList.toggle('disabled', disabled);
+  el.classList.toggle('error', !!c.error);
+  el.classList.toggle('protected', !!c.protected);
+  el.classList.toggle('default', !!c.default);
+  el.title = '';
+  const keep = isField(c) && opts.isDirty(w.name, c.id);
+  const value = c.value ?? '';
+
+  switch (c.type) {
+    case 'edit':
+    case 'readonly':
+    case 'multiline': {
+      const f = /** @type {HTMLInputElement|HTMLTextAreaElement} */ (el);
+      f.disabled = disabled;
+      f.readOnly = c.type === 'readonly' || !!c.protected;
+      if (c.type === 'readonly') f.tabIndex = -1;
+      if (!keep && f.value !== value) f.value = value;
+      if (c.label) f.setAttribute('aria-label', parseLabel(c.label).plain);
+      break;
+    }
+    case 'combo': {
+      const s = /** @type {HTMLSelectElement} */ (el);
+      const key = JSON.stringify(c.options ?? []);
+      if (s.dataset.options !== key) {
+        s.dataset.options = key;
+        s.replaceChildren(
+          ...(c.options ?? []).map((o) => {
+            const opt = document.createElement('option');
+            opt.value = o.value;
+            opt.textContent = o.text;
+            return opt;
+          }),
+        );
+      }
+      s.disabled = disabled || !!c.protected;
+      if (!keep) {
+        const opts2 = c.options ?? [];
+        let at = opts2.findIndex((o) => o.value === value);
+        if (at < 0) at = opts2.findIndex((o) => o.text === value);
+        s.selectedIndex = at;
+      }
+      if (c.label) s.setAttribute('aria-label', parseLabel(c.label).plain);
+      break;
+    }
+    case 'radio': {
+      const key = JSON.stringify(c.options ?? []);
+      if (el.dataset.options !== key) {
+        el.dataset.options = key;
+        buildRadios(el, w, c);
+      }
+      for (const r of /** @type {NodeListOf<HTMLInputElement>} */ (el.querySelectorAll('input'))) {
+        r.disabled = disabled || !!c.protected;
+        if (!keep) r.checked = r.value === value;
+      }
+      if (c.label) el.setAttribute('aria-label', parseLabel(c.label).plain);
+      break;
+    }
+    case 'check': {
+      const box = /** @type {HTMLInputElement} */ (el.querySelector('input'));
+      const cap = /** @type {HTMLElement} */ (el.querySelector('.cap'));
+      box.disabled = disabled || !!c.protected;
+      if (!keep) box.checked = value !== '' && value === checkValues(c).on;
+      // A check box whose label is a static of its own shows no caption of its own.
+      const plain = parseLabel(c.label).plain;
+      const separate = w.controls.some(
+        (s) => s.type === 'static' && parseLabel(s.label).plain === plain,
+      );
+      const text = separate ? '' : c.label ?? '';
+      if (cap.dataset.text !== text) {
+        cap.dataset.text = text;
+        setLabel(cap, text);
+      }
+      if (separate && plain) box.setAttribute('aria-label', plain);
+      break;
+    }
+    case 'list': {
+      el.classList.toggle('disabled', disabled);
+      el.tabIndex = disabled ? -1 : 0;
+      if (c.label) el.setAttribute('aria-label', parseLabel(c.label).plain);
+      updateList(el, c, view.data);
+      break;
+    }
+    case 'button':
+    case 'picture': {
+      const b = /** @type {HTMLButtonElement} */ (el);
+      b.disabled = disabled;
+      const arrow = c.type === 'picture' ? pictureCaption(c) : null;
+      const text = arrow ?? c.label ?? '';
+      if (b.dataset.text !== text) {
+        b.dataset.text = text;
+        if (arrow) {
+          b.textContent = arrow;
+          b.setAttribute('aria-label', parseLabel(c.label).plain || c.keyword || c.name);
+        } else {
+          setLabel(b, text);
+          b.setAttribute('aria-label', parseLabel(text).plain);
+        }
+        toFit.push(b);
+      }
+      break;
+    }
+    case 'group': {
+      const legend = /** @type {HTMLElement} */ (el.querySelector('legend'));
+      const text = c.label ?? '';
+      if (legend.dataset.text !== text) {
+        legend.dataset.text = text;
+        setLabel(legend, text);
+        legend.hidden = !text;
+      }
+      break;
+    }
+    default: {
+      // A static: a label, or the value of an attribute it shows.
+      const text = c.attribute ? value : c.label ?? '';
+      if (el.dataset.text !== text) {
+        el.dataset.text = text;
+        if (c.attribute) el.textContent = text;
+        else setLabel(el, text);
+        toFit.push(el);
+      }
+      el.style.textAlign = textAlign(c.align ?? 'L');
+      // A static shorter than a line of text is small print: its type fits its height.
+      el.classList.toggle('small', c.h < 8);
+      if (c.h < 8) el.style.fontSize = px(Math.max(MIN_FONT_PX, c.h * DLU_Y * 0.78));
+      break;
+    }
+  }
+}
+
+/**
+ * Shrinks the type of a label that does not fit its box, as far as
+ * MIN_FONT_PX; a designed layout should rarely need it, but the fonts of this
+ * machine need not be those the windows were drawn with.
+ * @param {HTMLElement} el
+ */
+function fitText(el) {
+  if (!el.isConnected) return;
+  if (!el.classList.contains('small')) el.style.fontSize = '';
+  let size = parseFloat(getComputedStyle(el).fontSize);
+  while (el.scrollWidth > el.clientWidth + 1 && size > MIN_FONT_PX) {
+    size -= 0.5;
+    el.style.fontSize = px(size);
+  }
+}
+
+/**
+ * @param {Win} w
+ * @returns {WinView}
+ */
+function buildWindow(w) {
+  const el = document.createElement('section');
+  el.className = 'window';
+  el.dataset.window = w.name;
+  el.dataset.kind = w.kind;
+  el.setAttribute('role', 'dialog');
+  el.setAttribute('aria-labelledby', `t-${w.name}`);
+
+  const bar = document.createElement('header');
+  bar.className = 'titlebar';
+  const title = document.createElement('span');
+  title.className = 'title';
+  title.id = `t-${w.name}`;
+  const closeBox = document.createElement('button');
+  closeBox.type = 'button';
+  closeBox.className = 'close-box';
+  closeBox.tabIndex = -1;
+  closeBox.setAttribute('aria-label', 'Close window');
+  closeBox.textContent = '\u2715';
+  bar.append(title, closeBox);
+
+  const client = document.createElement('div');
+  client.className = 'client';
+  client.style.width = px(w.width * DLU_X);
+  client.style.height = px(w.height * DLU_Y);
+
+  /** @type {Map<number, HTMLElement>} */
+  const controls = new Map();
+  for (const c of w.controls) {
+    const cel = createControl(w, c);
+    controls.set(c.id, cel);
+    client.append(cel);
+  }
+  el.append(bar, client);
+  return { el, client, title, closeBox, backdrop: null, sig: signature(w), controls, data: new Map() };
+}
+
+/**
+ * Where a new window goes: a primary window one cascade step below the last
+ * primary window, a dialog centred over the window under it.
+ * @param {HTMLElement} desktop
+ * @param {WinView} view
+ * @param {Map<string, WinView>} views
+ * @param {Win[]} windows
+ * @param {number} index
+ */
+function position(desktop, view, views, windows, index) {
+  const w = windows[index];
+  const owner = index > 0 ? views.get(windows[index - 1].name) : undefined;
+  let left;
+  let top;
+  if (w.kind === 'DD' && owner) {
+    const ol = owner.el.offsetLeft;
+    const ot = owner.el.offsetTop;
+    left = ol + (owner.el.offsetWidth - view.el.offsetWidth) / 2;
+    top = ot + (owner.el.offsetHeight - view.el.offsetHeight) / 2;
+  } else {
+    const primaries = windows.slice(0, index).filter((x) => x.kind !== 'DD').length;
+    left = ORIGIN + CASCADE * primaries;
+    top = ORIGIN + CASCADE * primaries;
+  }
+  view.el.style.left = px(Math.max(4, Math.round(left)));
+  view.el.style.top = px(Math.max(4, Math.round(top)));
+}
+
+/**
+ * Draws `windows` (bottom to top) on `desktop`. The last window is the
+ * active one; the others are drawn inactive and take no input, and a dialog
+ * (kind "DD") has a translucent backdrop under it that blocks everything below.
+ * @param {HTMLElement} desktop
+ * @param {Win[]} windows
+ * @param {RenderOptions} opts
+ */
+export function renderWindows(desktop, windows, opts) {
+  let views = registry.get(desktop);
+  if (!views) {
+    views = new Map();
+    registry.set(desktop, views);
+  }
+  const live = new Set(windows.map((w) => w.name));
+  for (const [name, view] of views) {
+    if (!live.has(name) || windows.find((w) => w.name === name)?.kind !== view.el.dataset.kind) {
+      view.el.remove();
+      view.backdrop?.remove();
+      views.delete(name);
+    }
+  }
+
+  /** @type {HTMLElement[]} */
+  const toFit = [];
+  windows.forEach((w, i) => {
+    let view = views.get(w.name);
+    const sig = signature(w);
+    if (view && view.sig !== sig) {
+      view.el.remove();
+      view.backdrop?.remove();
+      views.delete(w.name);
+      view = undefined;
+    }
+    const fresh = !view;
+    if (!view) {
+      view = buildWindow(w);
+      views.set(w.name, view);
+      desktop.append(view.el);
+    }
+    const active = i === windows.length - 1;
+
+    if (w.kind === 'DD' && !view.backdrop) {
+      view.backdrop = document.createElement('div');
+      view.backdrop.className = 'backdrop';
+      view.backdrop.dataset.owner = w.name;
+      desktop.append(view.backdrop);
+    }
+    if (view.backdrop) view.backdrop.style.zIndex = String(2 * i + 1);
+    view.el.style.zIndex = String(2 * i + 2);
+
+    view.title.textContent = w.title;
+    view.el.classList.toggle('active', active);
+    view.el.classList.toggle('inactive', !active);
+    view.el.inert = !active;
+    view.el.setAttribute('aria-modal', String(active && w.kind === 'DD'));
+    view.closeBox.hidden = !cancelButton(w);
+
+    for (const c of w.controls) {
+      const cel = view.controls.get(c.id);
+      if (cel) updateControl(cel, c, w, view, opts, toFit);
+    }
+    if (fresh) position(desktop, view, views, windows, i);
+  });
+  for (const el of toFit) fitText(el);
+}
+
+/**
+ * The element of a control of a window on `desktop`.
+ * @param {HTMLElement} desktop
+ * @param {string} win
+ * @param {number} id
+ * @returns {HTMLElement|null}
+ */
+export function controlElement(desktop, win, id) {
+  return registry.get(desktop)?.get(win)?.controls.get(id) ?? null;
+}
+
+/**
+ * The window and control that a DOM element belongs to.
+ * @param {EventTarget|null} target
+ * @returns {{win: string, id: number, el: HTMLElement}|null}
+ */
+export function controlOf(target) {
+  if (!(target instanceof Element)) return null;
+  const el = /** @type {HTMLElement|null} */ (target.closest('[data-control]'));
+  const win = /** @type {HTMLElement|null} */ (target.closest('[data-window]'));
+  if (!el || !win) return null;
+  return { win: win.dataset.window ?? '', id: Number(el.dataset.control), el };
+}
+
+/**
+ * Gives the cursor to a control: to its checked radio button, its check box,
+ * or the element itself.
+ * @param {HTMLElement} el
+ */
+export function focusControl(el) {
+  /** @type {HTMLElement|null} */
+  let target = el;
+  if (el.dataset.type === 'radio') {
+    target = el.querySelector('input:checked') ?? el.querySelector('input');
+  } else if (el.dataset.type === 'check') {
+    target = el.querySelector('input');
+  }
+  target?.focus({ preventScroll: false });
+  if (target instanceof HTMLInputElement && target.type === 'text') target.select();
+}
