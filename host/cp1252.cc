@@ -75,7 +75,7 @@ bool Utf8ToCp1252(std::string_view utf8, std::string* out, std::string* error) {
     }
     int found = -1;
     for (int k = 0; k < 32; ++k) {
-      if (kHigh[k] == cp || (kHigh[k] == 0 && cp == 0x80u + k)) {
+      if (kHigh[k] != 0 && kHigh[k] == cp) {
         found = k;
         break;
       }

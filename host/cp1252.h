@@ -10,7 +10,9 @@
 namespace watrix {
 
 // Converts UTF-8 to 1252. Returns false, with the reason in *error, for
-// malformed UTF-8 or a character that 1252 cannot hold.
+// malformed UTF-8 or a character that 1252 cannot hold; the five C1
+// controls that 1252 leaves undefined (U+0081, U+008D, U+008F, U+0090,
+// U+009D) count as such.
 bool Utf8ToCp1252(std::string_view utf8, std::string* out, std::string* error);
 
 // Converts 1252 to UTF-8. Bytes 1252 leaves undefined (0x81, 0x8D, 0x8F,

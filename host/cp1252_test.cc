@@ -8,7 +8,10 @@ namespace {
 
 TEST(Cp1252Test, RoundTripsEveryByte) {
   std::string all;
-  for (int b = 1; b < 256; ++b) all.push_back(static_cast<char>(b));
+  for (int b = 1; b < 256; ++b) {
+    if (b == 0x81 || b == 0x8D || b == 0x8F || b == 0x90 || b == 0x9D) continue;
+    all.push_back(static_cast<char>(b));
+  }
   std::string back, error;
   ASSERT_TRUE(Utf8ToCp1252(Cp1252ToUtf8(all), &back, &error)) << error;
   EXPECT_EQ(all, back);
@@ -41,6 +44,8 @@ TEST(Cp1252Test, RefusesWhatItCannotHold) {
       "\xC0\xAF",              // overlong
       "\xED\xA0\x80",          // a surrogate
       "\xFF",
+      "\xC2\x81",              // a byte 1252 leaves undefined
+      "\xC2\x9D",
   };
   for (const char* text : refused) {
     std::string out, error;

@@ -1,11 +1,14 @@
 // Building the WINDOW JSON of an open window.
 #include "host/screen.h"
 
+#include <cstdio>
 #include <cstring>
 #include <set>
+#include <string>
 
 #include "frame/views.h"
 #include "host/cp1252.h"
+#include "services/timestamp.h"
 
 namespace watrix {
 
@@ -75,6 +78,51 @@ nlohmann::json Options(const Field& f, const ModuleImage& module) {
   return options;
 }
 
+// Bytes a column's value takes in a list row: the view's own storage.
+int ColumnStorage(const lk::AttributeType& type) {
+  switch (type.type_letter != nullptr ? type.type_letter[0] : 'S') {
+    case 'B':
+    case 'I':
+      return 8;
+    case 'L':
+      return 4;
+    case 'Q':
+      return lk::kTimestampStorage;
+    default:
+      return static_cast<int>(type.length & 0xFFFF) + 1;
+  }
+}
+
+// A list cell as shown: texts trimmed, numbers in decimal without leading
+// zeros (0 shows blank), timestamps through their picture.
+std::string CellText(const lk::AttributeType& type, const char* bytes) {
+  switch (type.type_letter != nullptr ? type.type_letter[0] : 'S') {
+    case 'B':
+    case 'I': {
+      double v;
+      std::memcpy(&v, bytes, sizeof v);
+      if (v == 0) return "";
+      char text[64];
+      std::snprintf(text, sizeof text, "%.*f", static_cast<int>(type.length >> 16), v);
+      return text;
+    }
+    case 'L': {
+      std::int32_t v;
+      std::memcpy(&v, bytes, sizeof v);
+      return v == 0 ? "" : std::to_string(v);
+    }
+    case 'Q': {
+      if (bytes[0] == '\0') return "";
+      if (type.picture == nullptr || type.picture[0] == '\0') return std::string(bytes, 20);
+      char shown[27];
+      lk::TimestampToPicture(bytes, shown);
+      return shown;
+    }
+    default:
+      return TrimRight(std::string(bytes, strnlen(bytes, ColumnStorage(type))));
+  }
+}
+
 }  // namespace
 
 nlohmann::json WindowJson(const OpenWindow& window, const ModuleImage& module,
@@ -133,7 +181,8 @@ nlohmann::json WindowJson(const OpenWindow& window, const ModuleImage& module,
     if (f.tag == lk::kTagList || f.tag == lk::kTagColumnDropDown) {
       const auto* list = static_cast<const lk::ListDescriptor*>(f.control->descriptor);
       nlohmann::json columns = nlohmann::json::array();
-      std::vector<std::pair<int, int>> cuts;  // value offset and width per column
+      std::vector<std::pair<int, const lk::AttributeType*>> cuts;  // value offset, type
+      int offset = 0;
       for (const lk::ListColumnRow* col = list->columns; col != nullptr && col->right_edge != 0;
            ++col) {
         std::string heading;
@@ -147,17 +196,17 @@ nlohmann::json WindowJson(const OpenWindow& window, const ModuleImage& module,
                            {"attribute", nullptr},
                            {"right", col->right_edge},
                            {"align", std::string(1, static_cast<char>(col->alignment))}});
-        cuts.emplace_back(col->offset_value, col->offset_end - col->offset_value);
+        cuts.emplace_back(offset + lk::kDisplayWidth, &col->type);
+        offset += lk::kDisplayWidth + ColumnStorage(col->type);
       }
       nlohmann::json rows = nlohmann::json::array();
       for (const ListRow& lr : f.rows) {
         nlohmann::json cells = nlohmann::json::array();
-        for (auto [at, width] : cuts) {
+        for (auto [at, type] : cuts) {
           std::string cell;
-          if (at >= 0 && at < static_cast<int>(lr.buffer.size()))
-            cell = lr.buffer.substr(at, std::min<std::size_t>(width, lr.buffer.size() - at));
-          cell = cell.substr(0, std::strlen(cell.c_str()));
-          cells.push_back(Cp1252ToUtf8(TrimRight(cell)));
+          if (at + ColumnStorage(*type) <= static_cast<int>(lr.buffer.size()))
+            cell = CellText(*type, lr.buffer.data() + at);
+          cells.push_back(Cp1252ToUtf8(cell));
         }
         rows.push_back({{"row", lr.row_number},
                         {"cells", std::move(cells)},

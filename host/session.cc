@@ -76,12 +76,12 @@ bool NumberFits(const std::string& text, const lk::AttributeType& type, std::str
     } else if (t[i] == '.' && !point) {
       point = true;
     } else {
-      *why = "value '" + text + "' is no number";
+      *why = "value '" + Cp1252ToUtf8(text) + "' is no number";
       return false;
     }
   }
   if (!digits) {
-    *why = "value '" + text + "' is no number";
+    *why = "value '" + Cp1252ToUtf8(text) + "' is no number";
     return false;
   }
   const int length = static_cast<int>(type.length & 0xFFFF);
@@ -94,7 +94,7 @@ bool NumberFits(const std::string& text, const lk::AttributeType& type, std::str
                                    std::min(first, dot == std::string::npos ? t.size() : dot));
   }
   if (significant > length - decimals) {
-    *why = "number '" + text + "' has more than " + std::to_string(length - decimals) +
+     *why = "number '" + Cp1252ToUtf8(text) + "' has more than " + std::to_string(length - decimals) +
            " digits before the point";
     return false;
   }

@@ -327,14 +327,14 @@ function drawBox() {
   client.append(text);
   const row = document.createElement('div');
   row.className = 'msgbox-buttons';
-  for (const [i, spec] of box.buttons.entries()) {
+  for (const [i, choice] of box.buttons.entries()) {
     const b = document.createElement('button');
     b.type = 'button';
     b.className = i === 0 ? 'default' : '';
-    b.textContent = spec.label;
+    b.textContent = choice.label;
     b.addEventListener('click', () => {
       closeBox();
-      spec.onClick?.();
+      choice.onClick?.();
     });
     row.append(b);
   }
