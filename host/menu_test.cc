@@ -14,6 +14,7 @@
 #include "host/host.h"
 #include "host/module_image.h"
 #include "host/modules.h"
+#include "host/screen_testing.h"
 #include "host/session.h"
 
 namespace watrix {
@@ -390,16 +391,8 @@ class MenuTest : public ::testing::Test {
   Reply Click(const std::string& window, const nlohmann::json& control) {
     return session_->Event({{"window", window}, {"control", control}, {"event", "Click"}});
   }
-  std::vector<std::string> Windows() {
-    std::vector<std::string> names;
-    const nlohmann::json screen = session_->Screen();
-    for (const auto& w : screen["windows"]) names.push_back(w["name"]);
-    return names;
-  }
-  std::string Message() {
-    const nlohmann::json m = session_->Screen()["message"];
-    return m.is_null() ? "" : m["kind"].get<std::string>() + ": " + m["text"].get<std::string>();
-  }
+  std::vector<std::string> Windows() { return testing::WindowNames(session_->Screen()); }
+  std::string Message() { return testing::MessageText(session_->Screen()); }
 
   static constexpr const char* kMenu = "RT1_REFERENCE_TABLE_MAINT_MENU";
   static constexpr const char* kPage2 = "RT1A_REFERENCE_TABLE_MAINT_MENU";

@@ -3,6 +3,7 @@
 // stop three levels down, list selection and enable rules, the control
 // services, a flow to a module that does not load, and one transaction per
 // event.
+#include "host/screen_testing.h"
 #include "host/session.h"
 
 #include <cstdlib>
@@ -62,16 +63,8 @@ class SessionTest : public ::testing::Test {
       if (c["name"] == name) return c;
     return nullptr;
   }
-  std::vector<std::string> Windows() {
-    std::vector<std::string> names;
-    const nlohmann::json screen = session_->Screen();
-    for (const auto& w : screen["windows"]) names.push_back(w["name"]);
-    return names;
-  }
-  std::string Message() {
-    const nlohmann::json m = session_->Screen()["message"];
-    return m.is_null() ? "" : m["kind"].get<std::string>() + ": " + m["text"].get<std::string>();
-  }
+  std::vector<std::string> Windows() { return testing::WindowNames(session_->Screen()); }
+  std::string Message() { return testing::MessageText(session_->Screen()); }
 
   CountingStore::Counts counts_;
   std::unique_ptr<Session> session_;

@@ -132,27 +132,33 @@ void RT1A_PBM_CLOSE_CLK(HandleA a, HandleB b, RunContext* rc, void* import_view,
                    });
 }
 
-void RT1B_NON_TAXON_CHARS(HandleA a, HandleB b, RunContext* rc, void* import_view,
-                          void* export_view) {
-  EnterEventAction(&non_taxon_unit, &kShape, kNonTaxonId, a, b, rc, import_view, export_view,
-                   [&] {
-                     auto* out = static_cast<MenuExport*>(export_view);
-                     rc->statement = kStatement1;
-                     TextMove(out->EXPORT_SOURCE.ACTION_ENTRY.value, "DE", 3);
-                     WindowClose(a, b, "RT1B_CHAR_TYPE_SELECT");
-                     SetExit(rc, kExitNonTaxonCharacteristics, nullptr, 'N');
-                   });
-}
+namespace {
 
-void RT1B_TAXON_CHARS(HandleA a, HandleB b, RunContext* rc, void* import_view,
-                      void* export_view) {
-  EnterEventAction(&taxon_unit, &kShape, kTaxonId, a, b, rc, import_view, export_view, [&] {
+// The two choices of the characteristic type dialog: "DE" into ACTION_ENTRY,
+// the dialog closed before the flow, and the choice's exit state.
+void CharTypeChosen(UnitStorage* unit, const UnitId& id, u32 exit_state, HandleA a, HandleB b,
+                    RunContext* rc, void* import_view, void* export_view) {
+  EnterEventAction(unit, &kShape, id, a, b, rc, import_view, export_view, [&] {
     auto* out = static_cast<MenuExport*>(export_view);
     rc->statement = kStatement1;
     TextMove(out->EXPORT_SOURCE.ACTION_ENTRY.value, "DE", 3);
     WindowClose(a, b, "RT1B_CHAR_TYPE_SELECT");
-    SetExit(rc, kExitTaxonCharacteristics, nullptr, 'N');
+    SetExit(rc, exit_state, nullptr, 'N');
   });
+}
+
+}  // namespace
+
+void RT1B_NON_TAXON_CHARS(HandleA a, HandleB b, RunContext* rc, void* import_view,
+                          void* export_view) {
+  CharTypeChosen(&non_taxon_unit, kNonTaxonId, kExitNonTaxonCharacteristics, a, b, rc,
+                 import_view, export_view);
+}
+
+void RT1B_TAXON_CHARS(HandleA a, HandleB b, RunContext* rc, void* import_view,
+                      void* export_view) {
+  CharTypeChosen(&taxon_unit, kTaxonId, kExitTaxonCharacteristics, a, b, rc, import_view,
+                 export_view);
 }
 
 void RT1_CHAR_TYPE_CLOSE(HandleA a, HandleB b, RunContext* rc, void* import_view,
