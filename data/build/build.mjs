@@ -242,8 +242,8 @@ const summary = [];
 }
 
 // ---------------------------------------------------------------------------
-// TSRBIOPT: biological parts: the sample tissue anatomy domain of the water
-// quality exchange schema.
+// TSRBIOPT: biological parts: the sample tissue anatomy domain list of the
+// package wqx.
 
 {
   const names = readJson('wqx', 'values/SampleTissueAnatomy.json').enum;
