@@ -3,21 +3,29 @@
 //
 // Exit status: 0 on success (serve: after a clean stop on SIGINT or
 // SIGTERM), 1 when the work fails (the module does not load, the address
-// cannot be bound), 2 for a malformed command line, with the usage on
-// standard error. `--help` anywhere prints the usage of the command to
+// cannot be bound, the database cannot be opened, a CSV file is refused),
+// 2 for a malformed command line (an unknown database URL form or table
+// included), with the usage on standard error. `--help` anywhere prints the usage of the command to
 // standard output and exits 0.
 #include <limits.h>
 #include <pthread.h>
 #include <signal.h>
 #include <unistd.h>
 
+#include <cstdint>
 #include <cstdio>
 #include <exception>
+#include <filesystem>
+#include <iostream>
 #include <memory>
 #include <string>
 #include <vector>
 
 #include "host/host.h"
+#include "store/csv.h"
+#include "store/schema.h"
+#include "store/soci.h"
+#include "store/url.h"
 #include "web/server.h"
 
 namespace watrix {
@@ -212,6 +220,104 @@ int Serve(int argc, char** argv) {
   return 0;
 }
 
+// A failure of `watrix db ACTION`: the complaint on standard error, exit 1.
+int DbFailure(const std::string& action, const std::string& complaint) {
+  std::fprintf(stderr, "watrix db %s: %s\n", action.c_str(), complaint.c_str());
+  return 1;
+}
+
+// Opens the database of `url`; null with the reason in *error. The reason
+// never repeats the URL, which may hold a password.
+std::unique_ptr<soci::session> OpenDatabase(const std::string& url, lk::store::Dialect* dialect,
+                                            std::string* error) {
+  try {
+    return lk::store::OpenSession(url, dialect);
+  } catch (const std::exception& e) {
+    *error = std::string("cannot open the database: ") + e.what();
+    return nullptr;
+  }
+}
+
+// Opens the database of a load or dump, which needs the schema: an SQLite
+// file that is not there is not made.
+std::unique_ptr<soci::session> OpenWithSchema(const std::string& db,
+                                              const lk::store::DatabaseUrl& url,
+                                              lk::store::Dialect* dialect, std::string* error) {
+  if (url.dialect == lk::store::Dialect::kSqlite && url.path != ":memory:" &&
+      !std::filesystem::exists(url.path)) {
+    *error = "there is no database " + url.path + "; watrix db init makes it";
+    return nullptr;
+  }
+  std::unique_ptr<soci::session> sql = OpenDatabase(db, dialect, error);
+  if (sql == nullptr) return nullptr;
+  try {
+    if (!lk::store::SchemaExists({sql.get(), *dialect})) {
+      *error = "the database has no schema; watrix db init makes it";
+      return nullptr;
+    }
+  } catch (const std::exception& e) {
+    *error = std::string("cannot read the database: ") + e.what();
+    return nullptr;
+  }
+  return sql;
+}
+
+int DbInit(const std::string& db) {
+  lk::store::Dialect dialect;
+  std::string error;
+  std::unique_ptr<soci::session> sql = OpenDatabase(db, &dialect, &error);
+  if (sql == nullptr) return DbFailure("init", error);
+  try {
+    lk::store::CreateSchema({sql.get(), dialect});
+  } catch (const std::exception& e) {
+    return DbFailure("init", std::string("cannot create the schema: ") + e.what());
+  }
+  std::printf("schema ready: %zu tables\n", lk::store::Tables().size());
+  return 0;
+}
+
+int DbLoad(const std::string& db, const lk::store::DatabaseUrl& url, const std::string& table,
+           const std::string& file) {
+  lk::store::Dialect dialect;
+  std::string error;
+  std::unique_ptr<soci::session> sql = OpenWithSchema(db, url, &dialect, &error);
+  if (sql == nullptr) return DbFailure("load", error);
+  // A progress line, redrawn in place, where standard error is a terminal.
+  lk::store::LoadProgress progress;
+  bool drawn = false;
+  if (isatty(STDERR_FILENO)) {
+    progress = [&](std::uint64_t rows, std::uint64_t bytes, std::uint64_t total) {
+      if (total > 0) {
+        std::fprintf(stderr, "\rloading %s: %3d%%, %llu rows", table.c_str(),
+                     static_cast<int>(bytes * 100 / total), static_cast<unsigned long long>(rows));
+      } else {
+        std::fprintf(stderr, "\rloading %s: %llu rows", table.c_str(),
+                     static_cast<unsigned long long>(rows));
+      }
+      std::fflush(stderr);
+      drawn = true;
+    };
+  }
+  std::uint64_t rows = 0;
+  const bool loaded = lk::store::LoadCsvFile({sql.get(), dialect}, table, file, progress, &rows,
+                                             &error);
+  if (drawn) std::fputc('\n', stderr);
+  if (!loaded) return DbFailure("load", file + ": " + error);
+  std::printf("loaded %llu rows into %s\n", static_cast<unsigned long long>(rows), table.c_str());
+  return 0;
+}
+
+int DbDump(const std::string& db, const lk::store::DatabaseUrl& url, const std::string& table) {
+  lk::store::Dialect dialect;
+  std::string error;
+  std::unique_ptr<soci::session> sql = OpenWithSchema(db, url, &dialect, &error);
+  if (sql == nullptr) return DbFailure("dump", error);
+  if (!lk::store::DumpCsv({sql.get(), dialect}, table, std::cout, &error)) {
+    return DbFailure("dump", error);
+  }
+  return 0;
+}
+
 int Db(int argc, char** argv) {
   if (argc < 3) return UsageError("db needs init, load or dump");
   const std::string action = argv[2];
@@ -244,11 +350,18 @@ int Db(int argc, char** argv) {
                        : operands == 1 ? std::string("TABLE")
                                        : std::string("TABLE FILE.csv")));
   }
-  std::fprintf(stderr,
-               "watrix db %s: the data store is not built yet; "
-               "nothing was done to %s\n",
-               action.c_str(), args.db.c_str());
-  return 2;
+  lk::store::DatabaseUrl url;
+  if (!lk::store::ParseDatabaseUrl(args.db, &url, &error)) return UsageError(error);
+  std::string table;
+  if (operands > 0) {
+    table = args.operands[0];
+    if (lk::store::FindTable(table) == nullptr) {
+      return UsageError("there is no table " + table + " in the schema");
+    }
+  }
+  return action == "init"   ? DbInit(args.db)
+         : action == "load" ? DbLoad(args.db, url, table, args.operands[1])
+                            : DbDump(args.db, url, table);
 }
 
 int Main(int argc, char** argv) {

@@ -42,15 +42,21 @@ class Host {
 struct HostOptions {
   // Folder that holds liblkbase.so and the libraries of other modules.
   std::string module_dir;
-  // Database URL ("sqlite:watrix.db"); the store plugs in here.
+  // Database URL ("sqlite:watrix.db", "postgresql://..."). Each session
+  // opens its own connection to it. Empty: sessions have no database (for
+  // tests of the host alone).
   std::string database;
-  // "none" or "database".
+  // "none", or "database": a session connects with its user's own login
+  // (user id and password of the request in place of the URL's).
   std::string auth = "none";
 };
 
-// Loads the module named first in the name list from options.module_dir and
-// makes the host. Throws std::runtime_error with a reason when the module
-// cannot be loaded.
+// Loads the module named first in the name list from options.module_dir,
+// opens the database once with the URL as given and creates the schema where
+// it has none (it never loads data), and makes the host. Throws
+// std::runtime_error with a reason when the module cannot be loaded or the
+// database cannot be opened, or under auth "database" when it is no
+// PostgreSQL database.
 std::unique_ptr<Host> MakeHost(const HostOptions& options);
 
 }  // namespace watrix

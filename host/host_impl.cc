@@ -1,5 +1,7 @@
 // The host: sessions by unguessable token, each event run on the runtime
-// thread, answers in the JSON shapes of the host's interface.
+// thread, answers in the JSON shapes of the host's interface. Each session
+// has its own database connection (under --auth database, with the user's
+// own login), and each event is one transaction of it.
 #include <fstream>
 #include <map>
 #include <mutex>
@@ -11,6 +13,9 @@
 #include "host/modules.h"
 #include "host/runtime.h"
 #include "host/session.h"
+#include "store/database.h"
+#include "store/schema.h"
+#include "store/store_port.h"
 
 namespace watrix {
 
@@ -48,10 +53,35 @@ bool Identity(const nlohmann::json& request, const char* key, std::string* out,
   return true;
 }
 
+// Checks the database before the host serves: it must open with the URL as
+// given, the schema is created where it is missing (no data is loaded), and
+// logins of the users' own need PostgreSQL. Throws std::runtime_error with
+// the reason.
+void PrepareDatabase(const HostOptions& options) {
+  if (options.database.empty()) return;
+  // An SQLite URL names a file, and says which; a PostgreSQL URL may hold a
+  // password, and is not repeated.
+  const std::string which =
+      options.database.rfind("sqlite:", 0) == 0 ? " " + options.database : "";
+  std::string why;
+  std::unique_ptr<lk::store::Database> db = lk::store::Database::Open(options.database, &why);
+  if (db == nullptr) throw std::runtime_error("cannot open the database" + which + ": " + why);
+  if (options.auth == "database" && db->dialect() != lk::store::Dialect::kPostgres)
+    throw std::runtime_error("--auth database needs a PostgreSQL database, not" + which);
+  try {
+    if (!lk::store::SchemaExists(*db->connection())) lk::store::CreateSchema(*db->connection());
+  } catch (const std::exception& e) {
+    throw std::runtime_error("cannot create the schema in the database" + which + ": " +
+                             e.what());
+  }
+}
+
 class HostImpl : public Host {
  public:
   explicit HostImpl(const HostOptions& options)
-      : options_(options), modules_(options.module_dir, "LKBASE") {}
+      : options_(options), modules_(options.module_dir, "LKBASE") {
+    PrepareDatabase(options_);
+  }
 
   ~HostImpl() override {
     // Sessions go on the runtime thread, where they ran.
@@ -95,9 +125,22 @@ class HostImpl : public Host {
         }
       }
     }
+    // The session's own connection, made here rather than on the runtime
+    // thread, so that a slow login holds up no other session's events.
+    std::unique_ptr<StorePort> store;
+    if (options_.database.empty()) {
+      store = std::make_unique<NullStore>();
+    } else {
+      std::string url = options_.database;
+      if (options_.auth == "database")
+        url = lk::store::WithCredentials(url, request["user"].get<std::string>(),
+                                         request["password"].get<std::string>());
+      std::unique_ptr<lk::store::Database> db = lk::store::Database::Open(url, &why);
+      if (db == nullptr) return Refuse(400, "the database refused the session: " + why);
+      store = std::make_unique<lk::store::SociStore>(std::move(db));
+    }
     return runtime_.Run<Reply>([&]() -> Reply {
-      auto session = std::make_unique<Session>(&modules_, std::make_unique<NullStore>(),
-                                               SystemClock());
+      auto session = std::make_unique<Session>(&modules_, std::move(store), SystemClock());
       const std::string refused = session->Start(user, org, start);
       if (!refused.empty()) return Refuse(400, refused);
       std::string token = NewToken();

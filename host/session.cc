@@ -245,7 +245,7 @@ std::string Session::Start(const std::string& user, const std::string& org,
   lk::SetCommand(&rc_, start.command.c_str());
   stack_.push_back(std::move(act));
   Activation* first = top();
-  store_->Begin();
+  if (!BeginEvent()) return store_->failure();
   if (start.mode == "E") {
     CallUnit(first, procedure->entry);
     EndCall(first);
@@ -258,7 +258,7 @@ std::string Session::Start(const std::string& user, const std::string& org,
       Redisplay(first);
     }
   }
-  if (!failed_) store_->Commit();
+  if (!failed_) CommitEvent();
   return "";
 }
 
@@ -304,6 +304,63 @@ void Session::RunKeyword(Activation* act, OpenWindow* window, const char* keywor
   EndCall(act);
 }
 
+// ---- The event's transaction ----
+
+namespace {
+
+// `text` with every byte that is not part of well-formed UTF-8 replaced by
+// '?': a database's words go into the JSON of the screen.
+std::string WellFormed(const std::string& text) {
+  std::string out;
+  for (std::size_t i = 0; i < text.size();) {
+    const unsigned char c = static_cast<unsigned char>(text[i]);
+    const std::size_t n = c < 0x80           ? 1
+                          : (c >> 5) == 0x6  ? 2
+                          : (c >> 4) == 0xE  ? 3
+                          : (c >> 3) == 0x1E ? 4
+                                             : 0;
+    bool ok = n != 0 && i + n <= text.size();
+    for (std::size_t k = 1; ok && k < n; ++k)
+      ok = (static_cast<unsigned char>(text[i + k]) & 0xC0) == 0x80;
+    if (ok) {
+      out.append(text, i, n);
+      i += n;
+    } else {
+      out.push_back('?');
+      ++i;
+    }
+  }
+  return out;
+}
+
+}  // namespace
+
+bool Session::BeginEvent() {
+  store_->Begin();
+  const std::string why = store_->failure();
+  if (why.empty()) return true;
+  StoreFailed(why);
+  return false;
+}
+
+void Session::CommitEvent() {
+  store_->Commit();
+  const std::string why = store_->failure();
+  if (!why.empty()) StoreFailed(why);
+}
+
+void Session::StoreFailed(const std::string& why) {
+  failed_ = true;
+  failure_ = {
+      {"unit_name", ""},
+      {"unit_number", ""},
+      {"statement", ""},
+      {"status", "FE"},
+      {"status_detail", "DB"},
+      {"database", WellFormed(why)},
+  };
+}
+
 // ---- How a call ends ----
 
 void Session::EndCall(Activation* act) {
@@ -324,7 +381,7 @@ void Session::EndCall(Activation* act) {
   }
   if (rc_.exit_rollback == 'R') {
     store_->Rollback();
-    store_->Begin();
+    BeginEvent();
   }
   for (const lk::ExitRow* e = act->procedure->exit_rows; e != nullptr && e->exit_state != 0; ++e) {
     if (e->exit_state != rc_.exit_state) continue;
@@ -670,7 +727,7 @@ Reply Session::Event(const nlohmann::json& event) {
     }
   }
 
-  store_->Begin();
+  if (!BeginEvent()) return {200, Screen()};
   // Changed events of the fields the user edited, then the event itself.
   for (int k : changed) {
     const lk::EventRow* r = window->EventOf(window->fields()[k].control->control_id, "Changed");
@@ -678,7 +735,7 @@ Reply Session::Event(const nlohmann::json& event) {
     RunEventRow(act, window, r);
     if (failed_ || ended_ || top() != act || act->windows.empty() ||
         act->windows.back().get() != window) {
-      if (!failed_) store_->Commit();
+      if (!failed_) CommitEvent();
       return {200, Screen()};
     }
   }
@@ -702,7 +759,7 @@ Reply Session::Event(const nlohmann::json& event) {
       RunKeyword(act, window, a->command);
     }
   }
-  if (!failed_) store_->Commit();
+  if (!failed_) CommitEvent();
   return {200, Screen()};
 }
 

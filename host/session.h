@@ -98,6 +98,12 @@ class Session {
   void RunKeyword(Activation* act, OpenWindow* window, const char* keyword);
   // What the host does once a unit has returned.
   void EndCall(Activation* act);
+  // The event's transaction: Begin reports a store that cannot begin as the
+  // event's failure and answers false; Commit reports work that did not
+  // stand the same way.
+  bool BeginEvent();
+  void CommitEvent();
+  void StoreFailed(const std::string& why);
   void TakeFlow(Activation* source, const lk::FlowRow* flow);
   void ReturnByLink();
   void Redisplay(Activation* act);

@@ -7,6 +7,15 @@
 // the references between the tables, and an index behind every paging key of
 // the lists. Fixed char columns compare blank padded and everything sorts by
 // byte value on both backends. CreateSchema is idempotent.
+//
+// References are foreign keys. On PostgreSQL they are DEFERRABLE INITIALLY
+// DEFERRED, so that a cascade may delete a parent before its dependants
+// inside one transaction. On SQLite they are plain clauses, enforced only
+// where the session runs with PRAGMA foreign_keys = ON (OpenSession in
+// store/url.h sets it), and the store must run
+// PRAGMA defer_foreign_keys = ON at the start of every transaction that
+// deletes through a cascade, since SQLite resets it at each COMMIT and
+// ROLLBACK.
 #ifndef WATRIX_STORE_SCHEMA_H_
 #define WATRIX_STORE_SCHEMA_H_
 

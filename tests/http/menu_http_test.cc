@@ -17,6 +17,7 @@
 #include <cstring>
 #include <cstdlib>
 #include <filesystem>
+#include <fstream>
 #include <regex>
 #include <string>
 #include <thread>
@@ -483,7 +484,11 @@ TEST(CommandLineTest, ExitStatuses) {
       {{"serve", "--auth", "maybe"}, 2, "", "usage:"},
       {{"serve", "--port", "80"}, 2, "", "usage:"},
       {{"db", "load", "TSRLBRMK"}, 2, "", "usage:"},
-      {{"db", "init"}, 2, "", "not built yet"},
+      {{"db", "init", "--db", "mysql://localhost/x"}, 2, "", "usage:"},
+      {{"db", "dump", "NOSUCH"}, 2, "", "no table NOSUCH"},
+      {{"db", "dump", "--db", "sqlite:/nonexistent-folder/w.db", "TSRLBRMK"}, 1, "",
+       "no database"},
+      {{"db", "init", "--db", "sqlite:/nonexistent-folder/w.db"}, 1, "", "cannot open"},
   };
   for (const Case& c : kCases) {
     std::string line;
@@ -495,6 +500,61 @@ TEST(CommandLineTest, ExitStatuses) {
     EXPECT_NE(std::string::npos, r.out.find(c.out)) << r.out;
     EXPECT_NE(std::string::npos, r.err.find(c.err)) << r.err;
   }
+}
+
+// The db commands on an SQLite file: init (twice), load, dump, a refused
+// load, and a dump of a database that has no schema.
+TEST(CommandLineTest, DbInitLoadDump) {
+  char dir_template[] = "/tmp/watrix_cli_test_XXXXXX";
+  ASSERT_NE(nullptr, mkdtemp(dir_template));
+  const std::string dir = dir_template;
+  const std::string db = "sqlite:" + dir + "/w.db";
+  const std::string csv =
+      "TSRLBRMK_IS_NUMBER,TSRLBRMK_ORG_ID,SHORT_NAME,DESCRIPTION_TEXT,D_USERID_CODE,"
+      "D_LAST_UPDATE_TS\n"
+      "1,ZZZZZZZZ,J,Estimated value,JSMITH,2024-03-05 14:07:09\n"
+      "2,ZZZZZZZZ,<,\"Less than, the limit\",JSMITH,2024-03-05 14:07:09\n";
+  const std::string bad =
+      "TSRLBRMK_IS_NUMBER,TSRLBRMK_ORG_ID,SHORT_NAME,DESCRIPTION_TEXT,D_USERID_CODE,"
+      "D_LAST_UPDATE_TS\n"
+      "3,ZZZZZZZZ,K,Fine,JSMITH,2024-03-05 14:07:09\n"
+      "4,ZZZZZZZZ,J,Duplicate short name,JSMITH,2024-03-05 14:07:09\n";
+  {
+    std::ofstream(dir + "/remarks.csv") << csv;
+    std::ofstream(dir + "/bad.csv") << bad;
+  }
+  struct Step {
+    std::vector<std::string> args;
+    int status;
+    std::string out;  // expected in standard output ("" for anything)
+    std::string err;  // expected in standard error ("" for anything)
+  };
+  const Step kSteps[] = {
+      {{"db", "dump", "--db", db, "TSRLBRMK"}, 1, "", "no database"},
+      {{"db", "init", "--db", db}, 0, "schema ready: 33 tables", ""},
+      {{"db", "init", "--db", db}, 0, "schema ready: 33 tables", ""},
+      {{"db", "load", "--db", db, "TSRLBRMK", dir + "/remarks.csv"}, 0,
+       "loaded 2 rows into TSRLBRMK", ""},
+      {{"db", "load", "--db", db, "TSRLBRMK", dir + "/bad.csv"}, 1, "", "line 3: "},
+      {{"db", "load", "--db", db, "TSRLBRMK", dir + "/missing.csv"}, 1, "", "cannot read"},
+  };
+  for (const Step& step : kSteps) {
+    std::string line;
+    for (const std::string& a : step.args) line += " " + a;
+    SCOPED_TRACE("watrix" + line);
+    RunResult r = RunProgram(step.args);
+    ASSERT_TRUE(WIFEXITED(r.status)) << "wait status " << r.status;
+    EXPECT_EQ(step.status, WEXITSTATUS(r.status)) << r.err;
+    EXPECT_NE(std::string::npos, r.out.find(step.out)) << r.out;
+    EXPECT_NE(std::string::npos, r.err.find(step.err)) << r.err;
+  }
+  // What was loaded comes back as it went in; the refused file left nothing.
+  RunResult dump = RunProgram({"db", "dump", "--db", db, "TSRLBRMK"});
+  ASSERT_TRUE(WIFEXITED(dump.status));
+  EXPECT_EQ(0, WEXITSTATUS(dump.status)) << dump.err;
+  EXPECT_EQ(csv, dump.out);
+  EXPECT_EQ("", dump.err);
+  std::filesystem::remove_all(dir);
 }
 
 }  // namespace

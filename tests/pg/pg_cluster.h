@@ -4,9 +4,12 @@
 //
 // Use: PgCluster::Shared() starts the cluster on first use, once per test
 // program, and stops it at exit. NewDatabase() makes an empty database and
-// answers its URL ("postgresql://postgres@127.0.0.1:PORT/NAME"). When the
-// PostgreSQL binaries are missing, Available() is false and the tests of that
-// backend fail with the reason (they are never skipped silently).
+// answers its URL ("postgresql://postgres@127.0.0.1:PORT/NAME"); the
+// superuser "postgres" is trusted, any other role gives its password over
+// the loopback, so that logins with a user's own credentials can be refused
+// as a real server refuses them. When the PostgreSQL binaries are missing,
+// Available() is false and the tests of that backend fail with the reason
+// (they are never skipped silently).
 #ifndef WATRIX_TESTS_PG_PG_CLUSTER_H_
 #define WATRIX_TESTS_PG_PG_CLUSTER_H_
 

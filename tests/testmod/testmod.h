@@ -14,7 +14,13 @@
 //   "HIDE"   hides list row 2.
 // Events: "&Deep" fails three action blocks down; "&Pick" looks for the
 // marked row; "&Off" disables "GO"; a Changed event on NAME counts edits
-// into the export's NOTE.
+// into the export's NOTE. Through the session's database (store/):
+// "&Number" takes the next IS number of the counter named in NAME
+// (DETERMINE_NEXT_IS_NUMBER) and shows it in NOTE; "&Write" inserts a
+// TSRLBRMK row with SHORT_NAME from NAME, then takes the next number of
+// the counter "TSRLBRMK" into NOTE; "&Backend" shows the PostgreSQL
+// backend's process id in NOTE. A NOT UNIQUE of the counter becomes the
+// internal error text with rollback, as a module's IDENTIFY caller does.
 // TM2_DETAIL (id 20, dialog 200, "DD"): the body puts the cursor mark "3i"
 // on NAME on "SHOW"; "&Return" sets EXIT_RETURN (the link waits for
 // EXIT_CANCEL, so the window stays); "Cance&l" sets EXIT_CANCEL.

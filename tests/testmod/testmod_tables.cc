@@ -113,6 +113,9 @@ const ControlRow kFormControls[] = {
     {125, kButton, nullptr, nullptr, 0, "Button6", 0},
     {126, kButton, nullptr, nullptr, 0, "Button7", 0},
     {127, kButton, nullptr, nullptr, 0, "Button8", 0},
+    {128, kButton, nullptr, nullptr, 0, "Button9", 0},
+    {129, kButton, nullptr, nullptr, 0, "Button10", 0},
+    {130, kButton, nullptr, nullptr, 0, "Button11", 0},
     {0, nullptr, nullptr, nullptr, 0, nullptr, 0},
 };
 const ActionControlRow kFormActions[] = {
@@ -124,6 +127,9 @@ const ActionControlRow kFormActions[] = {
     {125, "", 0, nullptr, 0, 0x00010004, "Button6"},
     {126, "", 3, nullptr, 0, 0x00010004, "Button7"},
     {127, "AWAY", 0, nullptr, 0, 0x00010004, "Button8"},
+    {128, "", 0, nullptr, 0, 0x00010004, "Button9"},
+    {129, "", 0, nullptr, 0, 0x00010004, "Button10"},
+    {130, "", 0, nullptr, 0, 0x00010004, "Button11"},
     {0, nullptr, 0, nullptr, 0, 0, nullptr},
 };
 const EventRow kFormEvents[] = {
@@ -131,6 +137,9 @@ const EventRow kFormEvents[] = {
     {123, "Click", TM1_PB_PICK_CLICK, nullptr, 'Y', 0, 0, 0},
     {125, "Click", TM1_PB_OFF_CLICK, nullptr, ' ', 0, 0, 0},
     {102, "Changed", TM1_NAME_CHANGED, nullptr, 'Y', 0, 0, 0},
+    {128, "Click", TM1_PB_NUMBER_CLICK, nullptr, 'Y', 0, 0, 0},
+    {129, "Click", TM1_PB_WRITE_CLICK, nullptr, 'Y', 0, 0, 0},
+    {130, "Click", TM1_PB_BACKEND_CLICK, nullptr, ' ', 0, 0, 0},
     {0, nullptr, nullptr, nullptr, 0, 0, 0, 0},
 };
 const ControlRow kDetailControls[] = {
@@ -164,6 +173,8 @@ const FieldBinding kFormFields[] = {
     {122, nullptr, nullptr, nullptr}, {123, nullptr, nullptr, nullptr},
     {124, nullptr, nullptr, nullptr}, {125, nullptr, nullptr, nullptr},
     {126, nullptr, nullptr, nullptr}, {127, nullptr, nullptr, nullptr},
+    {128, nullptr, nullptr, nullptr}, {129, nullptr, nullptr, nullptr},
+    {130, nullptr, nullptr, nullptr},
     {0, nullptr, nullptr, nullptr},
 };
 const FieldBinding kDetailFields[] = {
