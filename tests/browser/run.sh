@@ -64,7 +64,7 @@ fi
 mkdir -p "$shots"
 echo "run.sh: testing $url, screenshots in $shots"
 status=0
-WATRIX_URL="$url" WATRIX_SHOTS="$shots" node --test menu.test.mjs || status=$?
+WATRIX_URL="$url" WATRIX_SHOTS="$shots" node --test --test-concurrency=1 ./*.test.mjs || status=$?
 if [[ $status -ne 0 ]]; then
   echo "run.sh: server log:" >&2
   cat "$log" >&2
