@@ -42,16 +42,16 @@ const std::set<std::string> kStillToCome = {
     "RT18_FIELD_GEAR_MAINTENANCE_LIST", "RT43_LITHOLOGIC_UNIT_DATA_ENTRY",
     "RT4A_TAXON_CHAR_MAINT_LIST",       "RT47_GEOLOGIC_UNIT_DATA_ENTRY",
     "RT36_FIPS_HUC_MAINT_LIST",         "RT33_STND_INDST_SIC_DATA_ENTRY",
-    "RT50_LAB_REMARK_MAINT_LIST",       "UOM1_UNIT_OF_MEASURE_PREVIEW",
+    "UOM1_UNIT_OF_MEASURE_PREVIEW",
     "RT2_PERMITTED_VALUE_MAINT_LIST",   "RT10_CATEGORY_SUBCAT_ASSGN_LIST",
-    "RT41_PROJECT_ROLE_DATA_ENTRY",     "RT45_GEO_POL_DATA_ENTRY",
+    "RT45_GEO_POL_DATA_ENTRY",
     "RT21_LAB_SAMPLE_PREP_DATA_ENTRY",  "RT42_LITHOLOGIC_UNIT_MAINT_LIST",
     "RT15_ANALYTICAL_EQUIP_DATA_ENTRY", "RT29_NATIVE_AMER_LAND_DATA_ENTRY",
     "RT35_UNIT_OF_MEASURE_DATA_ENTRY",  "RT32_STND_INDSTRL_CD_MAINT_LIST",
     "RT20_LAB_SAMPLE_PREP_MAINT_LIST",  "RT48_BIO_PART_MAINT_LIST",
-    "RT40_PROJECT_ROLE_MAIN_LIST",      "RT19_FIELD_GEAR_DATA_ENTRY",
+    "RT19_FIELD_GEAR_DATA_ENTRY",
     "RT17_ANALYT_PROCEDURE_DATA_ENTRY", "RT31_VALID_STN_TYPE_DATA_ENTRY",
-    "RT12_CATEGORY_SUBCAT_DATA_ENTRY",  "RT51_LAB_REMARK_DATA_ENTRY",
+    "RT12_CATEGORY_SUBCAT_DATA_ENTRY",
     "RT46_GEOLOGIC_UNIT_MAINT_LIST",    "RT44_GEO_POL_AREA_MAINT_LIST1",
     "RT28_NATIVE_AMERCN_LAND_MAIN_LST", "RT16_ANALYT_PROCEDURE_MAINT_LIST",
     "RT37_FIPS_HUC_DATA_ENTRY",         "RT54_MULTIPLE_TABLE_SELECTION",
@@ -245,7 +245,7 @@ TEST(HeadTest, FlowsNameTheirTargetsAndExitStatesTheirFlows) {
       }
     }
   }
-  EXPECT_EQ(25, flows);  // the menu's, until the modules bring theirs
+  EXPECT_EQ(27, flows);  // the menu's, RT50's and RT40's, until the other modules bring theirs
 }
 
 TEST(HeadTest, MenuFlowsAreAsDesigned) {
@@ -302,8 +302,8 @@ TEST(HeadTest, WindowsActionsAndKeywordCodes) {
       EXPECT_EQ(kKeywordCodes.at(a->command), a->command_code >> 16) << a->command;
     }
   }
-  EXPECT_EQ(3, windows);   // 68 once every module is in
-  EXPECT_EQ(32, actions);  // 294 once every module is in
+  EXPECT_EQ(9, windows);   // 68 once every module is in
+  EXPECT_EQ(56, actions);  // 294 once every module is in
   // The "About" box is a template of the module and in no window row.
   EXPECT_NE(nullptr, m.resources().FindDialog(55));
   EXPECT_EQ(0u, dialogs.count(55));
@@ -469,9 +469,7 @@ TEST_F(MenuTest, ButtonsOfTablesNotBuiltSayWhatIsMissing) {
     lk::u32 exit_state;
     const char* command;
   } cases[] = {
-      {"Lab &Remark", "Procedure RT50_LAB_REMARK_MAINT_LIST of module LKBASE", 0x4B6C058C, "LINK15"},
-      {"Pro&ject Station Role", "Procedure RT40_PROJECT_ROLE_MAIN_LIST of module LKBASE",
-       0x4B001D2B, "LIST"},
+      {"&Bio Part", "Procedure RT48_BIO_PART_MAINT_LIST of module LKBASE", 0x4B6C0588, "LINK14"},
       {"Error Messa&ge", "Procedure RT52_ERROR_MESSAGES_MAINT_LIST of module LKBASE2", 0x51504505,
        "LINK52"},
       {"C&itation", "Procedure RT26_NATL_CITATION_MAINT_LIST of module KESDOR", 0x29F00E76, "LIST"},
@@ -511,7 +509,7 @@ TEST_F(MenuTest, CloseEndsTheRun) {
 }
 
 TEST_F(MenuTest, HelpRunsNoUnit) {
-  ASSERT_EQ(200, Click(kMenu, "Lab &Remark").status);
+  ASSERT_EQ(200, Click(kMenu, "&Bio Part").status);
   const std::string before = session_->run_context().unit_name;
   const Reply r = Click(kMenu, "&Help");
   ASSERT_EQ(200, r.status);
@@ -575,7 +573,7 @@ TEST_F(MenuCommandTest, WholeTextCompareMakesTheChainOrderHarmless) {
     const char* command_after;
   } cases[] = {
       {"LINK1", 0x3F400114, "LIST"},   {"LINK10", 0x3DC42CFC, "LIST"},
-      {"LINK55", 0x78780974, "LIST"},  {"LINK15", 0x4B6C058C, "LINK15"},
+      {"LINK55", 0x78780974, "LIST"},  {"LINK14", 0x4B6C0588, "LINK14"},
       {"LINK22", 0x6AC40774, "LINK22"}, {"LINK12", 0x4B6C057D, "LINK12"},
       {"LINK30", 0x4B00148B, "LIST"},  {"LINK34", 0x4B0014B8, "LIST"},
       {"LINK100", lk::EXIT_NONE, "LINK100"}, {"", lk::EXIT_NONE, ""},
@@ -625,7 +623,7 @@ TEST(HostTest, SessionsByTokenAndIdentityChecks) {
       {{{"user", "J\xE4\xB8\xAD"}, {"org", "ZZZZZZZZ"}}},
       {{{"user", "JSMITH"}, {"org", "ZZZZZZZZ"}, {"start", {{"procedure", "RT99_NONE"}}}}},
       {{{"user", "JSMITH"}, {"org", "ZZZZZZZZ"},
-        {"start", {{"procedure", "RT50_LAB_REMARK_MAINT_LIST"}}}}},
+        {"start", {{"procedure", "RT48_BIO_PART_MAINT_LIST"}}}}},
   };
   for (const Bad& b : bad) {
     SCOPED_TRACE(b.request.dump());

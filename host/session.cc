@@ -156,7 +156,11 @@ void Session::PortWindowClose(void* host, const char* name) {
 void Session::PortControlEnable(void* host, const char* keyword) {
   auto* self = static_cast<Session*>(host);
   Activation* act = self->current_ != nullptr ? self->current_ : self->top();
-  if (act == nullptr || act->windows.empty()) return;
+  if (act == nullptr) return;
+  // A body that runs before its window is shown sets the controls of the
+  // window it is about to show.
+  if (act->windows.empty()) self->OpenFirstWindow(act);
+  if (act->windows.empty()) return;
   OpenWindow* w = act->windows.back().get();
   if (const lk::ActionControlRow* a = w->ActionByKeyword(keyword)) w->SetOverride(a->control_id, true);
 }
@@ -164,7 +168,9 @@ void Session::PortControlEnable(void* host, const char* keyword) {
 void Session::PortControlDisable(void* host, const char* keyword) {
   auto* self = static_cast<Session*>(host);
   Activation* act = self->current_ != nullptr ? self->current_ : self->top();
-  if (act == nullptr || act->windows.empty()) return;
+  if (act == nullptr) return;
+  if (act->windows.empty()) self->OpenFirstWindow(act);
+  if (act->windows.empty()) return;
   OpenWindow* w = act->windows.back().get();
   if (const lk::ActionControlRow* a = w->ActionByKeyword(keyword)) w->SetOverride(a->control_id, false);
 }

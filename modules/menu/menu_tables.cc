@@ -10,9 +10,11 @@
 
 #include "frame/run_context.h"
 #include "frame/transport/plan.h"
+#include "modules/lab_remark/lab_remark.h"
 #include "modules/menu/menu.h"
 #include "modules/menu/menu_units.h"
 #include "modules/menu/menu_views.h"
+#include "modules/project_station_role/project_station_role.h"
 
 namespace lk::menu {
 
@@ -28,6 +30,14 @@ constexpr u32 Flow(u32 n) { return (n << 16) | 0x00E4; }
 // One ReturnRow per flow.
 constexpr ReturnRow kReturnsOnReturn[] = {{0, 0, EXIT_RETURN, 0, 0, 0}};
 constexpr ReturnRow kReturnsOnCancel[] = {{0, 0, EXIT_CANCEL, 0, 0, 0}};
+
+// The send and receive of the flows to the modules that are built; their
+// bindings stand with the view transport below.
+void SendToLabRemark(void* target_import, const void* source_export);
+void ReceiveFromLabRemark(void* source_export, void* source_import, const void* target_export);
+void SendToProjectStationRole(void* target_import, const void* source_export);
+void ReceiveFromProjectStationRole(void* source_export, void* source_import,
+                                   const void* target_export);
 
 }  // namespace
 
@@ -68,7 +78,8 @@ const ExitRow kExitRows[] = {
 const FlowRow kFlowRows[] = {
     LK_FLOW(0x101, 1293, "RT14_ANALYTICAL_EQUIP_MAINT_LIST", "E", "$#CURR#$", kReturnsOnReturn, ""),
     LK_FLOW(0x102, 113, "RT52_ERROR_MESSAGES_MAINT_LIST", "D", "", kReturnsOnCancel, ""),
-    LK_FLOW(0x103, 363, "RT50_LAB_REMARK_MAINT_LIST", "D", "", kReturnsOnCancel, ""),
+    {Flow(0x103), "L", 363, "RT50_LAB_REMARK_MAINT_LIST", SendToLabRemark, ReceiveFromLabRemark,
+     kReturnsOnCancel, "D", "", "E", "", 0},
     LK_FLOW(0x104, 1156, "RT16_ANALYT_PROCEDURE_MAINT_LIST", "E", "$#CURR#$", kReturnsOnReturn, ""),
     LK_FLOW(0x105, 111, "RT22_ESTUARY_MAINTENANCE_LIS0", "D", "", kReturnsOnCancel, ""),
     LK_FLOW(0x106, 706, "RT20_LAB_SAMPLE_PREP_MAINT_LIST", "E", "$#CURR#$", kReturnsOnReturn, ""),
@@ -82,7 +93,8 @@ const FlowRow kFlowRows[] = {
     LK_FLOW(0x10E, 121, "RT55_PERSON_ROLE_MAINT_LIST", "E", "$#CURR#$", kReturnsOnReturn, ""),
     LK_FLOW(0x10F, 163, "RT11_CATEGORY_SUBCAT_MAINT_LIST", "E", "", kReturnsOnCancel, ""),
     LK_FLOW(0x110, 1053, "RT44_GEO_POL_AREA_MAINT_LIST1", "D", "", kReturnsOnCancel, ""),
-    LK_FLOW(0x111, 766, "RT40_PROJECT_ROLE_MAIN_LIST", "E", "$#CURR#$", kReturnsOnReturn, ""),
+    {Flow(0x111), "L", 766, "RT40_PROJECT_ROLE_MAIN_LIST", SendToProjectStationRole,
+     ReceiveFromProjectStationRole, kReturnsOnReturn, "E", "$#CURR#$", "E", "", 0},
     LK_FLOW(0x112, 119, "RT26_NATL_CITATION_MAINT_LIST", "E", "$#CURR#$", kReturnsOnReturn, ""),
     LK_FLOW(0x113, 1122, "RT28_NATIVE_AMERCN_LAND_MAIN_LST", "E", "$#CURR#$", kReturnsOnReturn, ""),
     LK_FLOW(0x114, 676, "RT32_STND_INDSTRL_CD_MAINT_LIST", "E", "$#CURR#$", kReturnsOnReturn, ""),
@@ -267,6 +279,42 @@ constexpr FieldBinding kCharTypeFields[] = {
 constexpr WindowBinding kMainBinding = {&kWindowRows[0], &kViewName, kMainFields};
 constexpr WindowBinding kPage2Binding = {&kWindowRows[1], &kViewName, kPage2Fields};
 constexpr WindowBinding kCharTypeBinding = {&kWindowRows[2], &kViewName, kCharTypeFields};
+
+// The user and the organisation of the run go to the lab remark list;
+// nothing comes back.
+constexpr FlowPair kLabRemarkSend[] = {
+    {"EXPORT.SYSTEM_VARIABLE.USER_ID_CODE", "EXPORT.SYSTEM_VARIABLE.USER_ID_CODE"},
+    {"EXPORT.SYSTEM_VARIABLE.CURRENT_ORG_ID", "EXPORT.SYSTEM_VARIABLE.CURRENT_ORG_ID"},
+    {nullptr, nullptr},
+};
+constexpr FlowPair kNothingBack[] = {{nullptr, nullptr}};
+constexpr FlowBinding kLabRemarkFlow = {&kViewName, &lab_remark::kListViews, kLabRemarkSend,
+                                        kNothingBack};
+
+void SendToLabRemark(void* target_import, const void* source_export) {
+  SendBy(kLabRemarkFlow, target_import, source_export);
+}
+void ReceiveFromLabRemark(void* source_export, void* source_import, const void* target_export) {
+  ReceiveBy(kLabRemarkFlow, source_export, source_import, target_export);
+}
+
+// The user and the organisation of the run go to the project station role
+// list's SYSTEM_VARIABLE; nothing comes back.
+constexpr FlowPair kProjectStationRoleSend[] = {
+    {"EXPORT.SYSTEM_VARIABLE.USER_ID_CODE", "EXPORT.SYSTEM_VARIABLE.USER_ID_CODE"},
+    {"EXPORT.SYSTEM_VARIABLE.CURRENT_ORG_ID", "EXPORT.SYSTEM_VARIABLE.CURRENT_ORG_ID"},
+    {nullptr, nullptr},
+};
+constexpr FlowBinding kProjectStationRoleFlow = {
+    &kViewName, &project_station_role::kListViews, kProjectStationRoleSend, kNothingBack};
+
+void SendToProjectStationRole(void* target_import, const void* source_export) {
+  SendBy(kProjectStationRoleFlow, target_import, source_export);
+}
+void ReceiveFromProjectStationRole(void* source_export, void* source_import,
+                                   const void* target_export) {
+  ReceiveBy(kProjectStationRoleFlow, source_export, source_import, target_export);
+}
 
 }  // namespace
 

@@ -192,21 +192,21 @@ test('Alt+C opens the characteristic type dialog, Alt+L closes it', async () => 
   await snap('char-type-closed');
 });
 
-test('Lab Remark reports its missing module in a message box', async () => {
-  await button(MENU, 'Lab Remark').click();
+test('Bio Part reports its missing module in a message box', async () => {
+  await button(MENU, 'Bio Part').click();
   const box = page.getByRole('alertdialog');
   await box.waitFor();
   const text = (await box.locator('.msgbox-text').textContent())?.trim();
-  assert.equal(text, 'Procedure RT50_LAB_REMARK_MAINT_LIST of module LKBASE is not available.');
+  assert.equal(text, 'Procedure RT48_BIO_PART_MAINT_LIST of module LKBASE is not available.');
   // The box holds the page: the menu takes no input until OK.
   assert.equal(await page.locator('#desktop').evaluate((el) => el.inert), true);
-  await snap('lab-remark-message');
+  await snap('bio-part-message');
 
   await box.getByRole('button', { name: 'OK' }).click();
   await box.waitFor({ state: 'detached' });
   await win(MENU).waitFor();
   assert.equal(await page.locator('#desktop').evaluate((el) => el.inert), false);
-  await snap('lab-remark-dismissed');
+  await snap('bio-part-dismissed');
 });
 
 test('Help opens the menu help in a new window and keeps the menu', async () => {

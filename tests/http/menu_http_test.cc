@@ -351,11 +351,11 @@ TEST_F(MenuHttpTest, FlowToAMissingProcedureSaysSo) {
     const char* control;
     const char* text;
   };
-  // RT50 holds while the lab remark module has no entry yet; RT52 lives in
-  // LKBASE2, which is not installed.
+  // RT48 holds while the biological part module has no entry yet; RT52 lives
+  // in LKBASE2, which is not installed.
   const Case kCases[] = {
-      {"Lab &Remark",
-       "Procedure RT50_LAB_REMARK_MAINT_LIST of module LKBASE is not available."},
+      {"&Bio Part",
+       "Procedure RT48_BIO_PART_MAINT_LIST of module LKBASE is not available."},
       {"Error Messa&ge",
        "Procedure RT52_ERROR_MESSAGES_MAINT_LIST of module LKBASE2 is not "
        "available."},

@@ -146,6 +146,8 @@ function createControl(w, c) {
       head.className = 'list-head';
       const body = document.createElement('div');
       body.className = 'list-body';
+      // The list itself takes the cursor; its scrolling body is no tab stop.
+      body.tabIndex = -1;
       el.append(head, body);
       break;
     }
@@ -349,6 +351,27 @@ function updateList(el, c, data) {
 }
 
 /**
+ * Whether a static stands over a list as the heading of one of its columns:
+ * the list draws its headings in a bar of its own, so such a static is not
+ * drawn a second time above it.
+ * @param {Win} w
+ * @param {Control} c
+ */
+function isListHeading(w, c) {
+  const text = parseLabel(c.label).plain.trim();
+  if (c.type !== 'static' || c.attribute || !text) return false;
+  return w.controls.some(
+    (l) =>
+      l.type === 'list' &&
+      (l.columns ?? []).some((col) => col.heading === text) &&
+      c.x >= l.x - 2 &&
+      c.x < l.x + l.w &&
+      c.y + c.h <= l.y + 2 &&
+      c.y + c.h >= l.y - 12,
+  );
+}
+
+/**
  * Brings a control's element up to date with the host's view of it.
  * @param {HTMLElement} el
  * @param {Win} w
@@ -480,6 +503,7 @@ function updateControl(el, c, w, view, opts, toFit) {
         toFit.push(el);
       }
       el.style.textAlign = textAlign(c.align ?? 'L');
+      el.hidden = isListHeading(w, c);
       // A static shorter than a line of text is small print: its type fits its height.
       el.classList.toggle('small', c.h < 8);
       if (c.h < 8) el.style.fontSize = px(Math.max(MIN_FONT_PX, c.h * DLU_Y * 0.78));

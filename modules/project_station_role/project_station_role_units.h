@@ -1,0 +1,84 @@
+// The units of the project station role: the traits by which the two
+// procedures take their patterns, the procedure bodies and the event
+// actions. Everything a pattern does is told in patterns/first_page_list.h,
+// patterns/body_entry.h and patterns/delete_dialog.h; what is here is how
+// this table differs: its row, its statements, its names, the dialog RT40A,
+// and the duplicate check of RT41, which on CHANGE binds a blank ORG ID and
+// so finds nothing (a type name in use then meets the unique key inside
+// MODIFY_PROJECT_STATION_ROLE, a fatal stop with detail "DF").
+#ifndef WATRIX_MODULES_PROJECT_STATION_ROLE_PROJECT_STATION_ROLE_UNITS_H_
+#define WATRIX_MODULES_PROJECT_STATION_ROLE_PROJECT_STATION_ROLE_UNITS_H_
+
+#include "frame/entry.h"
+#include "frame/tables.h"
+#include "frame/unit.h"
+#include "modules/project_station_role/project_station_role_views.h"
+#include "patterns/body_entry.h"
+#include "patterns/first_page_list.h"
+#include "store/statement.h"
+
+namespace lk::project_station_role {
+
+constexpr u32 kListProcedureId = 766;
+constexpr u32 kEntryProcedureId = 491;
+
+// RT40_PROJECT_ROLE_MAIN_LIST as a first-page list.
+struct RoleList {
+  using Forms = RoleForms;
+  static const ViewNameRow& Views();
+  static const ViewShape kShape;
+  static constexpr u32 kLinkExit = EXIT_LINK_RT41;
+  static constexpr UnitId kBodyId = {"0017499001", "RT40_PROJECT_ROLE_MAIN_LIST"};
+  static constexpr UnitId kReadId = {"0000016401", "READ_PROJECT_STN_ROLE_REF_TABLE"};
+  static const store::StatementDef kReadPrev;
+  static const store::StatementDef kReadNext;
+};
+using List = patterns::FirstPageList<RoleList>;
+
+// RT41_PROJECT_ROLE_DATA_ENTRY as a body-style window.
+struct RoleEntry {
+  using Forms = RoleForms;
+  static const ViewNameRow& Views();
+  static const ViewShape kShape;
+  static constexpr UnitId kBodyId = {"0017499101", "RT41_PROJECT_ROLE_DATA_ENTRY"};
+  static constexpr u32 kNotFound = EXIT_PSR_NOT_FOUND;
+  static constexpr u32 kDuplicateExit = EXIT_PSR_DUPLICATE;
+  static constexpr const char* kDuplicateText = project_station_role::kDuplicateText;
+  static bool CheckFields(RunContext* rc, EntryExport* out);
+  static void CheckDuplicate(HandleA a, HandleB b, RunContext* rc, const EntryExport& in,
+                             bool adding);
+  static void Identify(HandleA a, HandleB b, RunContext* rc,
+                       const patterns::SystemVariableView* system, const RoleRow* row,
+                       RoleRow* written);
+  static void Modify(HandleA a, HandleB b, RunContext* rc,
+                     const patterns::SystemVariableView* system, const RoleRow* row,
+                     RoleRow* written);
+};
+using Entry = patterns::BodyEntry<RoleEntry>;
+
+// Procedure bodies.
+void RT40_PROJECT_ROLE_MAIN_LIST(HandleA, HandleB, RunContext*, void*, void*);
+void RT41_PROJECT_ROLE_DATA_ENTRY(HandleA, HandleB, RunContext*, void*, void*);
+
+// Event actions of RT40.
+void RT40_PROJ_ROLE_LB_CLICK(HandleA, HandleB, RunContext*, void*, void*);
+void RT40_PROJ_ROLE_LB_DOUBLECLICK(HandleA, HandleB, RunContext*, void*, void*);
+void RT40_PROJ_ROLE_PB_PREV_CLICK(HandleA, HandleB, RunContext*, void*, void*);
+void RT40_PROJ_ROLE_PB_NEXT_CLICK(HandleA, HandleB, RunContext*, void*, void*);
+void RT40_PROJ_ROLE_PB_ADD_CLICK(HandleA, HandleB, RunContext*, void*, void*);
+void RT40_PROJ_ROLE_PB_CHANGE_CLICK(HandleA, HandleB, RunContext*, void*, void*);
+void RT40_PROJ_ROLE_PB_DELETE_CLICK(HandleA, HandleB, RunContext*, void*, void*);
+void RT40_PROJ_ROLE_PB_CLOSE_CLICK(HandleA, HandleB, RunContext*, void*, void*);
+
+// Event actions of the dialog RT40A.
+void RT40A_PB_DELETE_CLICK(HandleA, HandleB, RunContext*, void*, void*);
+void RT40A_PB_CANCEL_CLICK(HandleA, HandleB, RunContext*, void*, void*);
+
+// Event actions of RT41.
+void RT41_R_CB_N_CHANGED(HandleA, HandleB, RunContext*, void*, void*);
+void RT41_PB_ACCEPT_CLICK(HandleA, HandleB, RunContext*, void*, void*);
+void RT41_PB_CANCEL_CLICK(HandleA, HandleB, RunContext*, void*, void*);
+
+}  // namespace lk::project_station_role
+
+#endif  // WATRIX_MODULES_PROJECT_STATION_ROLE_PROJECT_STATION_ROLE_UNITS_H_
