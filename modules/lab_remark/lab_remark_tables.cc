@@ -11,6 +11,7 @@
 // from the import view that the flow filled.
 #include <cstddef>
 
+#include "frame/design_rows.h"
 #include "frame/run_context.h"
 #include "frame/transport/plan.h"
 #include "modules/lab_remark/lab_remark.h"
@@ -197,7 +198,6 @@ constexpr FlowPair kEntryReceive[] = {
 constexpr FlowBinding kToEntry = {&kListViews, &kEntryViews, kEntrySend, kEntryReceive};
 
 constexpr u32 kFlowToEntry = (0x0001u << 16) | 0x00E4;
-constexpr ReturnRow kReturnsOnCancel[] = {{0, 0, EXIT_CANCEL, 0, 0, 0}};
 
 }  // namespace
 
@@ -218,9 +218,6 @@ const FlowRow kListFlowRows[] = {
 
 namespace {
 
-constexpr u32 kButtonType = 0x00010004;
-constexpr std::uint16_t kButtons[] = {kTagButton};
-constexpr const void* kButton = kButtons;
 
 // The list of RT50 and the rules that tie the buttons to its selection.
 constexpr u32 kListControl = 370;

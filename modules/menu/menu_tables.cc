@@ -8,6 +8,7 @@
 // functions.
 #include <cstddef>
 
+#include "frame/design_rows.h"
 #include "frame/run_context.h"
 #include "frame/transport/plan.h"
 #include "modules/lab_remark/lab_remark.h"
@@ -28,8 +29,6 @@ namespace {
 constexpr u32 Flow(u32 n) { return (n << 16) | 0x00E4; }
 
 // One ReturnRow per flow.
-constexpr ReturnRow kReturnsOnReturn[] = {{0, 0, EXIT_RETURN, 0, 0, 0}};
-constexpr ReturnRow kReturnsOnCancel[] = {{0, 0, EXIT_CANCEL, 0, 0, 0}};
 
 // The send and receive of the flows to the modules that are built; their
 // bindings stand with the view transport below.
@@ -112,9 +111,6 @@ const FlowRow kFlowRows[] = {
 
 namespace {
 
-constexpr u32 kButtonType = 0x00010004;
-constexpr std::uint16_t kButtons[] = {kTagButton};
-constexpr const void* kButton = kButtons;
 
 }  // namespace
 

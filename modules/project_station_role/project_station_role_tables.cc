@@ -10,6 +10,7 @@
 // buttons of the list carry no keyword of their own.
 #include <cstddef>
 
+#include "frame/design_rows.h"
 #include "frame/run_context.h"
 #include "frame/transport/plan.h"
 #include "modules/project_station_role/project_station_role.h"
@@ -166,7 +167,6 @@ constexpr FlowPair kToEntryReceive[] = {
 constexpr FlowBinding kToEntry = {&kListViews, &kEntryViews, kToEntrySend, kToEntryReceive};
 
 constexpr u32 kFlowToEntry = (0x0401u << 16) | 0x00E4;
-constexpr ReturnRow kReturnsOnReturn[] = {{0, 0, EXIT_RETURN, 0, 0, 0}};
 
 }  // namespace
 
@@ -187,9 +187,6 @@ const FlowRow kListFlowRows[] = {
 
 namespace {
 
-constexpr u32 kButtonType = 0x00010004;
-constexpr std::uint16_t kButtons[] = {kTagButton};
-constexpr const void* kButton = kButtons;
 
 // RT40: the list 779, its scroll buttons, the buttons that follow its state.
 constexpr u32 kList = 779;
