@@ -5,17 +5,11 @@
 //
 // WATRIX_URL: the address of a running `watrix serve` (required).
 // WATRIX_SHOTS: folder for the screenshots, one per step (default ./screenshots).
+// The browser, screenshots and sign-in come from ./harness.mjs.
 
 import { test, before, after } from 'node:test';
 import assert from 'node:assert/strict';
-import fs from 'node:fs';
-import os from 'node:os';
-import path from 'node:path';
-import { chromium } from 'playwright-core';
-
-const URL_ = process.env.WATRIX_URL;
-const SHOTS = process.env.WATRIX_SHOTS || path.resolve('screenshots');
-const CHROMIUM = process.env.WATRIX_CHROMIUM || '/usr/bin/chromium';
+import * as h from './harness.mjs';
 
 const MENU = 'RT1_REFERENCE_TABLE_MAINT_MENU';
 const LIST = 'RT50_LAB_REMARK_MAINT_LIST';
@@ -26,26 +20,20 @@ const ENTRY = 'RT51_LAB_REMARK_DATA_ENTRY';
 let context;
 /** @type {import('playwright-core').Page} */
 let page;
-let profile;
-let shot = 0;
+const shoot = h.shooter('lab-remark');
 
 /** @param {string} name */
-async function snap(name) {
-  shot += 1;
-  const file = path.join(SHOTS, `lab-remark-${String(shot).padStart(2, '0')}-${name}.png`);
-  await page.screenshot({ path: file });
-  return file;
-}
+const snap = (name) => shoot(page, name);
 
 /** @param {string} name */
-const win = (name) => page.locator(`section.window[data-window="${name}"]`);
+const win = (name) => h.win(page, name);
 
 /**
  * A button of a window by its text as shown (mnemonic marks removed).
  * @param {string} window
  * @param {string} text
  */
-const button = (window, text) => win(window).getByRole('button', { name: text, exact: true });
+const button = (window, text) => h.button(page, window, text);
 
 /**
  * A field of a window by its design name.
@@ -81,40 +69,13 @@ async function acknowledge(/** @type {string} */ text, /** @type {string} */ sho
 }
 
 before(async () => {
-  assert.ok(URL_, 'WATRIX_URL must name a running server');
-  fs.mkdirSync(SHOTS, { recursive: true });
-  profile = fs.mkdtempSync(path.join(os.tmpdir(), 'watrix-chromium-'));
-  context = await chromium.launchPersistentContext(profile, {
-    executablePath: CHROMIUM,
-    headless: true,
-    viewport: { width: 1000, height: 700 },
-    args: [
-      '--headless',
-      '--no-sandbox',
-      '--disable-gpu',
-      '--disable-quic',
-      '--no-first-run',
-      '--disable-background-networking',
-      '--disable-component-update',
-      '--disable-sync',
-    ],
-  });
-  page = context.pages()[0] ?? (await context.newPage());
-  page.setDefaultTimeout(10_000);
+  ({ context, page } = await h.openBrowser());
 });
 
-after(async () => {
-  await context?.close();
-  if (profile) fs.rmSync(profile, { recursive: true, force: true });
-});
+after(h.closeBrowser);
 
 test('signs in and opens the lab remark list from the menu', async () => {
-  await page.goto(URL_);
-  await page.locator('#login-form').waitFor();
-  await page.fill('#login-user', 'JSMITH');
-  await page.fill('#login-org', 'ZZZZZZZZ');
-  await page.getByRole('button', { name: 'Sign in' }).click();
-  await win(MENU).waitFor();
+  await h.signIn(page, 'JSMITH', 'ZZZZZZZZ');
   await button(MENU, 'Lab Remark').click();
   await win(LIST).waitFor();
   assert.equal(

@@ -4,17 +4,13 @@
 //
 // WATRIX_URL: the address of a running `watrix serve` (required).
 // WATRIX_SHOTS: folder for the screenshots, one per step (default ./screenshots).
+// The browser, screenshots and sign-in come from ./harness.mjs.
 
 import { test, before, after } from 'node:test';
 import assert from 'node:assert/strict';
-import fs from 'node:fs';
-import os from 'node:os';
-import path from 'node:path';
-import { chromium } from 'playwright-core';
+import * as h from './harness.mjs';
 
-const URL_ = process.env.WATRIX_URL;
-const SHOTS = process.env.WATRIX_SHOTS || path.resolve('screenshots');
-const CHROMIUM = process.env.WATRIX_CHROMIUM || '/usr/bin/chromium';
+const URL_ = h.env.url;
 
 const MENU = 'RT1_REFERENCE_TABLE_MAINT_MENU';
 const MORE = 'RT1A_REFERENCE_TABLE_MAINT_MENU';
@@ -50,63 +46,29 @@ const OTHER_BUTTONS = ['Additional Tables >>>', 'Close', 'Help'];
 let context;
 /** @type {import('playwright-core').Page} */
 let page;
-let profile;
-let shot = 0;
+const shoot = h.shooter('menu');
 
 /** @param {string} name */
-async function snap(name) {
-  shot += 1;
-  const file = path.join(SHOTS, `menu-${String(shot).padStart(2, '0')}-${name}.png`);
-  await page.screenshot({ path: file });
-  return file;
-}
+const snap = (name) => shoot(page, name);
 
 /** @param {string} name */
-const win = (name) => page.locator(`section.window[data-window="${name}"]`);
+const win = (name) => h.win(page, name);
 
 /**
  * A button of a window by its text as shown (mnemonic marks removed).
  * @param {string} window
  * @param {string} text
  */
-const button = (window, text) => win(window).getByRole('button', { name: text, exact: true });
+const button = (window, text) => h.button(page, window, text);
 
 before(async () => {
-  assert.ok(URL_, 'WATRIX_URL must name a running server');
-  fs.mkdirSync(SHOTS, { recursive: true });
-  profile = fs.mkdtempSync(path.join(os.tmpdir(), 'watrix-chromium-'));
-  context = await chromium.launchPersistentContext(profile, {
-    executablePath: CHROMIUM,
-    headless: true,
-    viewport: { width: 1000, height: 700 },
-    args: [
-      '--headless',
-      '--no-sandbox',
-      '--disable-gpu',
-      '--disable-quic',
-      '--no-first-run',
-      '--disable-background-networking',
-      '--disable-component-update',
-      '--disable-sync',
-    ],
-  });
-  page = context.pages()[0] ?? (await context.newPage());
-  page.setDefaultTimeout(10_000);
+  ({ context, page } = await h.openBrowser());
 });
 
-after(async () => {
-  await context?.close();
-  if (profile) fs.rmSync(profile, { recursive: true, force: true });
-});
+after(h.closeBrowser);
 
 test('signs in and opens the menu', async () => {
-  await page.goto(URL_);
-  await page.locator('#login-form').waitFor();
-  await snap('sign-in');
-  await page.fill('#login-user', 'JSMITH');
-  await page.fill('#login-org', 'ZZZZZZZZ');
-  await page.getByRole('button', { name: 'Sign in' }).click();
-  await win(MENU).waitFor();
+  await h.signIn(page, 'JSMITH', 'ZZZZZZZZ', { onForm: () => snap('sign-in') });
   assert.equal(await page.locator('#login').isHidden(), true);
   assert.equal(
     (await win(MENU).locator('.titlebar .title').textContent())?.trim(),
@@ -221,7 +183,7 @@ test('Help opens the menu help in a new window and keeps the menu', async () => 
   const body = await help.locator('body').textContent();
   assert.match(body ?? '', /Additional Tables/);
   assert.match(body ?? '', /TSRANLEQ/);
-  await help.screenshot({ path: path.join(SHOTS, `menu-${String(++shot).padStart(2, '0')}-help.png`), fullPage: true });
+  await shoot(help, 'help', { fullPage: true });
 
   // A window without a help page of its own gets the page that says so.
   await help.goto(new URL('/help/RT1B_CHAR_TYPE_SELECT', URL_).href);
