@@ -136,9 +136,15 @@ bool ParseResources(std::string_view text, Resources* out, std::string* error) {
       c.w = static_cast<int>(n[3]);
       c.h = static_cast<int>(n[4]);
       for (; at < w.size(); ++at) {
-        if (w[at] == "center") c.center = true;
-        else if (w[at] == "default") c.is_default = true;
-        else return fail("unknown control flag '" + w[at] + "'");
+        if (w[at] == "center") {
+          c.center = true;
+        } else if (w[at] == "default") {
+          c.is_default = true;
+        } else if (w[at] == "attribute" && at + 1 < w.size() && !IsText(w[at + 1])) {
+          c.attribute = w[++at];
+        } else {
+          return fail("unknown control flag '" + w[at] + "'");
+        }
       }
       if (dialog.Find(c.id) != nullptr) return fail("control id used twice");
       dialog.controls.push_back(std::move(c));

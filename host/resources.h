@@ -3,7 +3,8 @@
 //
 // The text format, one item a line ('#' starts a comment line):
 //   dialog ID "TITLE" WIDTH HEIGHT style 0xSTYLE
-//     KIND ID "TEXT" X Y W H [center] [default]   KIND: button static group
+//     KIND ID "TEXT" X Y W H [center] [default] [attribute NAME]
+//                                                  KIND: button static group
 //                                                  edit check radio list combo picture
 //     KIND ID X Y W H [...]                        (the same without text)
 //   end
@@ -11,7 +12,8 @@
 //     ID "TEXT"
 //   end
 // Texts are in double quotes, with \" and \\ as escapes; coordinates are in
-// dialog units.
+// dialog units. "attribute NAME" on a list's heading static names the view
+// attribute of that column.
 #ifndef WATRIX_HOST_RESOURCES_H_
 #define WATRIX_HOST_RESOURCES_H_
 
@@ -30,6 +32,7 @@ struct DialogControl {
   int x = 0, y = 0, w = 0, h = 0;
   bool center = false;
   bool is_default = false;
+  std::string attribute;  // a column heading's attribute, or ""
 };
 
 struct Dialog {

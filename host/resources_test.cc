@@ -13,6 +13,7 @@ TEST(ResourcesTest, ParsesDialogsAndStrings) {
       "  static 11 \"Label\" 7 7 40 8 center\n"
       "  button 12 \"Accep&t\" 7 20 50 14 default\n"
       "  edit 13 70 7 60 12\n"
+      "  static 14 \"Short Name\" 7 40 50 7 attribute SHORT_NAME\n"
       "end\n"
       "strings\n"
       "  1 \"Field does not contain permitted value; Please retry; Use Help for field "
@@ -26,7 +27,9 @@ TEST(ResourcesTest, ParsesDialogsAndStrings) {
   EXPECT_EQ("A \"quoted\" title", d->title);
   EXPECT_EQ(316, d->width);
   EXPECT_EQ(0x02C40001u, d->style);
-  ASSERT_EQ(3u, d->controls.size());
+  ASSERT_EQ(4u, d->controls.size());
+  EXPECT_EQ("SHORT_NAME", d->Find(14)->attribute);
+  EXPECT_EQ("", d->Find(11)->attribute);
   EXPECT_TRUE(d->Find(11)->center);
   EXPECT_TRUE(d->Find(12)->is_default);
   EXPECT_EQ("", d->Find(13)->text);
@@ -44,6 +47,7 @@ TEST(ResourcesTest, RefusesBrokenTextNamingTheLine) {
       {"dialog 1 \"x\" 1 2 style 3\n", "missing end"},
       {"dialog 1 \"x\n", "line 1"},
       {"strings\n 1 nope\nend\n", "line 2"},
+      {"dialog 1 \"x\" 1 2 style 3\n static 2 \"h\" 1 1 1 1 attribute\nend\n", "line 2"},
       {"dialog 1 \"x\" 1 2 style 3\n button 2 \"a\" 1 1 1 1\n button 2 \"b\" 1 1 1 1\nend\n",
        "line 3"},
   };

@@ -186,14 +186,16 @@ nlohmann::json WindowJson(const OpenWindow& window, const ModuleImage& module,
       for (const lk::ListColumnRow* col = list->columns; col != nullptr && col->right_edge != 0;
            ++col) {
         std::string heading;
+        nlohmann::json attribute = nullptr;
         if (dialog != nullptr) {
           if (const DialogControl* h = dialog->Find(col->heading_id)) {
             heading = h->text;
+            if (!h->attribute.empty()) attribute = h->attribute;
             listed.insert(h->id);
           }
         }
         columns.push_back({{"heading", Cp1252ToUtf8(TrimRight(heading))},
-                           {"attribute", nullptr},
+                           {"attribute", std::move(attribute)},
                            {"right", col->right_edge},
                            {"align", std::string(1, static_cast<char>(col->alignment))}});
         cuts.emplace_back(offset + lk::kDisplayWidth, &col->type);

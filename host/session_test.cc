@@ -201,6 +201,8 @@ TEST_F(SessionTest, ClickWithNoSelectedRowLeavesRowZeroAlone) {
   ASSERT_EQ(200, session_->Event(click).status);
   const nlohmann::json list = Control("ListBox1");
   ASSERT_EQ(3u, list["rows"].size());
+  EXPECT_EQ("Code", list["columns"][0]["heading"]);
+  EXPECT_EQ("CODE", list["columns"][0]["attribute"]);
   EXPECT_EQ(true, list["rows"][1]["selected"]);
   EXPECT_EQ(false, list["rows"][0]["selected"]);
   ASSERT_EQ(200, Send("TM1_FORM", "&Pick").status);
