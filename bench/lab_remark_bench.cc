@@ -49,6 +49,7 @@
 #include "store/database.h"
 #include "store/schema.h"
 #include "store/store_port.h"
+#include "bench/bench_databases.h"
 #include "tests/pg/pg_cluster.h"
 
 namespace watrix {
@@ -156,20 +157,13 @@ void FrameRead(Backend& be, Group* group) {
 
 // ---- Through the C APIs ----
 
-void Fixed(char* dest, const char* text, int width) {
-  const std::size_t n = std::min(std::strlen(text), static_cast<std::size_t>(width - 1));
-  std::memcpy(dest, text, n);
-  std::memset(dest + n, ' ', static_cast<std::size_t>(width - 1) - n);
-  dest[width - 1] = '\0';
-}
-
 // Stores one row of a C API answer; false once the group is full.
 bool Take(Group* group, double is, const char* org, const char* name, const char* desc) {
   if (group->count >= kShown) return false;
   const int r = ++group->count;
   group->is[r] = is;
-  Fixed(group->org[r], org, 9);
-  Fixed(group->name[r], name, 7);
+  bench::Fixed(group->org[r], org, 9);
+  bench::Fixed(group->name[r], name, 7);
   std::snprintf(group->desc[r], 61, "%s", desc);
   return true;
 }
@@ -227,10 +221,7 @@ void CApiRead(Backend& be, Group* group) {
 
 // ---- Building the table ----
 
-bool Fail(const std::string& why) {
-  std::fprintf(stderr, "lab_remark_bench: %s\n", why.c_str());
-  return false;
-}
+bool Fail(const std::string& why) { return bench::Fail("lab_remark_bench", why); }
 
 // Row i's short name: the first 2000 in the list's range, the rest before it.
 std::string Name(int i) {
@@ -464,29 +455,13 @@ int Main(int argc, char** argv) {
   if (const char* rows = std::getenv("WATRIX_BENCH_ROWS"))
     g_rows = std::clamp(std::atoi(rows), kShown, 1000000);
 
-  char dir[] = "/tmp/watrix_lab_remark_bench_XXXXXX";
-  if (mkdtemp(dir) == nullptr) {
-    std::perror("lab_remark_bench: mkdtemp");
-    return 1;
-  }
-  struct RemoveDir {
-    std::string path;
-    ~RemoveDir() { std::filesystem::remove_all(path); }
-  } remove_dir{dir};
-
+  bench::ScratchDir dir("lab_remark_bench");
+  if (!dir.ok()) return 1;
   g_backends[0].dialect = Dialect::kSqlite;
-  g_backends[0].url = std::string("sqlite:") + dir + "/bench.db";
   g_backends[1].dialect = Dialect::kPostgres;
-  if (const char* url = std::getenv("WATRIX_BENCH_PG")) {
-    g_backends[1].url = url;
-  } else {
-    testing::PgCluster& cluster = testing::PgCluster::Shared();
-    if (!cluster.Available()) {
-      std::fprintf(stderr, "lab_remark_bench: no PostgreSQL: %s\n", cluster.why_not().c_str());
-      return 1;
-    }
-    g_backends[1].url = cluster.NewDatabase();
-  }
+  if (!bench::DatabaseUrls("lab_remark_bench", dir.path(), &g_backends[0].url,
+                           &g_backends[1].url))
+    return 1;
   Modules modules(ProgramDir(), "LKBASE");
   for (Backend& be : g_backends) {
     if (!Prepare(be, &modules)) return 1;

@@ -49,6 +49,7 @@
 #include "store/is_number.h"
 #include "store/schema.h"
 #include "store/soci.h"
+#include "bench/bench_databases.h"
 #include "tests/pg/pg_cluster.h"
 
 namespace watrix {
@@ -169,13 +170,6 @@ void Digits(const char* text, char* out) {
   out[20] = '\0';
 }
 
-void Fixed(char* dest, const char* text, int width) {
-  const std::size_t n = std::min(std::strlen(text), static_cast<std::size_t>(width - 1));
-  std::memcpy(dest, text, n);
-  std::memset(dest + n, ' ', static_cast<std::size_t>(width - 1) - n);
-  dest[width - 1] = '\0';
-}
-
 void SqlitePage(Backend& be, bool forward, const std::string& key, Page* page) {
   static std::string text[2];
   if (text[0].empty()) {
@@ -192,10 +186,10 @@ void SqlitePage(Backend& be, bool forward, const std::string& key, Page* page) {
   while (sqlite3_step(st) == SQLITE_ROW) {
     const int r = ++page->count;
     page->is[r] = sqlite3_column_double(st, 0);
-    Fixed(page->org[r], reinterpret_cast<const char*>(sqlite3_column_text(st, 1)), 9);
-    Fixed(page->name[r], reinterpret_cast<const char*>(sqlite3_column_text(st, 2)), 7);
+    bench::Fixed(page->org[r], reinterpret_cast<const char*>(sqlite3_column_text(st, 1)), 9);
+    bench::Fixed(page->name[r], reinterpret_cast<const char*>(sqlite3_column_text(st, 2)), 7);
     std::snprintf(page->desc[r], 61, "%s", reinterpret_cast<const char*>(sqlite3_column_text(st, 3)));
-    Fixed(page->user[r], reinterpret_cast<const char*>(sqlite3_column_text(st, 4)), 9);
+    bench::Fixed(page->user[r], reinterpret_cast<const char*>(sqlite3_column_text(st, 4)), 9);
     Digits(reinterpret_cast<const char*>(sqlite3_column_text(st, 5)), page->ts[r]);
   }
   sqlite3_finalize(st);
@@ -219,10 +213,10 @@ void PgPage(Backend& be, bool forward, const std::string& key, Page* page) {
     for (int t = 0; t < n; ++t) {
       const int r = ++page->count;
       page->is[r] = std::atof(PQgetvalue(res, t, 0));
-      Fixed(page->org[r], PQgetvalue(res, t, 1), 9);
-      Fixed(page->name[r], PQgetvalue(res, t, 2), 7);
+      bench::Fixed(page->org[r], PQgetvalue(res, t, 1), 9);
+      bench::Fixed(page->name[r], PQgetvalue(res, t, 2), 7);
       std::snprintf(page->desc[r], 61, "%s", PQgetvalue(res, t, 3));
-      Fixed(page->user[r], PQgetvalue(res, t, 4), 9);
+      bench::Fixed(page->user[r], PQgetvalue(res, t, 4), 9);
       Digits(PQgetvalue(res, t, 5), page->ts[r]);
     }
   }
@@ -239,10 +233,7 @@ void CApiPage(Backend& be, bool forward, const std::string& key, Page* page) {
 
 // ---- Building the table ----
 
-bool Fail(const std::string& why) {
-  std::fprintf(stderr, "store_bench: %s\n", why.c_str());
-  return false;
-}
+bool Fail(const std::string& why) { return bench::Fail("store_bench", why); }
 
 bool BuildSqlite(Backend& be) {
   if (sqlite3_open(be.url.substr(7).c_str(), &be.lite) != SQLITE_OK) return Fail("sqlite3_open");
@@ -561,29 +552,12 @@ int Main(int argc, char** argv) {
   if (benchmark::ReportUnrecognizedArguments(argc, argv)) return 1;
   if (const char* rows = std::getenv("WATRIX_BENCH_ROWS")) g_rows = std::max(3 * kPage, std::atoi(rows));
 
-  char dir[] = "/tmp/watrix_store_bench_XXXXXX";
-  if (mkdtemp(dir) == nullptr) {
-    std::perror("store_bench: mkdtemp");
-    return 1;
-  }
-  struct RemoveDir {
-    std::string path;
-    ~RemoveDir() { std::filesystem::remove_all(path); }
-  } remove_dir{dir};
-
+  bench::ScratchDir dir("store_bench");
+  if (!dir.ok()) return 1;
   g_backends[0].dialect = Dialect::kSqlite;
-  g_backends[0].url = std::string("sqlite:") + dir + "/bench.db";
   g_backends[1].dialect = Dialect::kPostgres;
-  if (const char* url = std::getenv("WATRIX_BENCH_PG")) {
-    g_backends[1].url = url;
-  } else {
-    testing::PgCluster& cluster = testing::PgCluster::Shared();
-    if (!cluster.Available()) {
-      std::fprintf(stderr, "store_bench: no PostgreSQL: %s\n", cluster.why_not().c_str());
-      return 1;
-    }
-    g_backends[1].url = cluster.NewDatabase();
-  }
+  if (!bench::DatabaseUrls("store_bench", dir.path(), &g_backends[0].url, &g_backends[1].url))
+    return 1;
   for (Backend& be : g_backends) {
     if (!Prepare(be)) return 1;
   }
