@@ -8,13 +8,16 @@
 # others beginning with "0" (before it); serves it on a free port and runs
 # tests/browser/bench_rt50.mjs against it.
 #
-#   WATRIX_BUILD  the build folder that holds watrix (default: /work/main/build)
+#   WATRIX_BUILD  the build folder that holds watrix (default: build/)
 #   BENCH_RUNS, BENCH_WARMUP  passed to the script (default 10 and 2)
 set -euo pipefail
 
+# shellcheck source=../tests/browser/serve_lib.sh
+source "$(dirname "${BASH_SOURCE[0]}")/../tests/browser/serve_lib.sh"
+
 here="$(cd "$(dirname "${BASH_SOURCE[0]}")" && pwd)"
 browser="$here/../tests/browser"
-build="${WATRIX_BUILD:-/work/main/build}"
+build="${WATRIX_BUILD:-$here/../build}"
 build="$(cd "$build" && pwd)"
 watrix="$build/watrix"
 
@@ -27,17 +30,8 @@ if [[ ! -d "$browser/node_modules/playwright-core" ]]; then
 fi
 
 work="$(mktemp -d "${TMPDIR:-/tmp}/watrix-bench-rt50.XXXXXX")"
-server_pid=""
 cleanup() {
-  if [[ -n "$server_pid" ]] && kill -0 "$server_pid" 2>/dev/null; then
-    kill -TERM "$server_pid" 2>/dev/null || true
-    for _ in $(seq 50); do
-      kill -0 "$server_pid" 2>/dev/null || break
-      sleep 0.1
-    done
-    kill -KILL "$server_pid" 2>/dev/null || true
-    wait "$server_pid" 2>/dev/null || true
-  fi
+  stop_server
   rm -rf "$work"
 }
 trap cleanup EXIT
@@ -57,26 +51,7 @@ awk 'BEGIN {
 "$watrix" db load --db "$db" TSRLBRMK "$csv" </dev/null >/dev/null
 
 log="$work/serve.log"
-"$watrix" serve --listen 127.0.0.1:0 --db "$db" >"$log" 2>&1 &
-server_pid=$!
-
-# The server prints "WATRIX serving on http://HOST:PORT/" once it listens.
-url=""
-for _ in $(seq 100); do
-  url="$(sed -n 's|.*WATRIX serving on \(http://[^ ]*\).*|\1|p' "$log" | head -n 1)"
-  [[ -n "$url" ]] && break
-  if ! kill -0 "$server_pid" 2>/dev/null; then
-    echo "browser_rt50.sh: watrix serve stopped before it listened:" >&2
-    cat "$log" >&2
-    exit 2
-  fi
-  sleep 0.1
-done
-if [[ -z "$url" ]]; then
-  echo "browser_rt50.sh: watrix serve printed no address within 10 s:" >&2
-  cat "$log" >&2
-  exit 2
-fi
+start_server "$watrix" "$db" "$log" browser_rt50.sh
 
 echo "browser_rt50.sh: $url, 100,000 remarks, 2000 in the list's range"
 cd "$browser"
