@@ -22,6 +22,38 @@ inline constexpr const void* kButton = kButtonDescriptorWord;
 inline constexpr ReturnRow kReturnsOnReturn[] = {{0, 0, EXIT_RETURN, 0, 0, 0}};
 inline constexpr ReturnRow kReturnsOnCancel[] = {{0, 0, EXIT_CANCEL, 0, 0, 0}};
 
+// The rows of a button: its ActionControlRow (plain, with a keyword and its
+// code, or the window's Help) and its ControlRow. `rules` is the button's
+// enable rule list, or null.
+constexpr ActionControlRow PlainButton(u32 id, const char* name,
+                                       const void* const* rules = nullptr) {
+  return {id, "", 0, rules, 0, kButtonType, name};
+}
+constexpr ActionControlRow KeywordButton(u32 id, const char* keyword, u32 code,
+                                         const char* name) {
+  return {id, keyword, 0, nullptr, KeywordCode(code), kButtonType, name};
+}
+constexpr ActionControlRow HelpButton(u32 id, const char* name) {
+  return {id, "", 3, nullptr, 0, kButtonType, name};
+}
+constexpr ControlRow ButtonControl(u32 id, const char* name,
+                                   const void* const* rules = nullptr) {
+  return {id, kButton, nullptr, rules, 0, name, 0};
+}
+
+// The enable rules that tie a list window's buttons to the list control
+// `List`: kWithRowRules (mode 0, Change and Delete) hold while the list has a
+// selected row, kWithoutRowRules (mode 1, Add) while it has none.
+template <u32 List>
+struct ListRules {
+  static constexpr RuleRecord kWithRow = {0, 0, static_cast<std::uint16_t>(List),
+                                          {0xFFFF, 0xFFFF, 0xFFFF}};
+  static constexpr RuleRecord kWithoutRow = {1, 0, static_cast<std::uint16_t>(List),
+                                             {0xFFFF, 0xFFFF, 0xFFFF}};
+  static constexpr const void* kWithRowRules[] = {&kWithRow, nullptr};
+  static constexpr const void* kWithoutRowRules[] = {&kWithoutRow, nullptr};
+};
+
 }  // namespace lk
 
 #endif  // WATRIX_FRAME_DESIGN_ROWS_H_

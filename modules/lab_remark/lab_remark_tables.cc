@@ -221,10 +221,8 @@ namespace {
 
 // The list of RT50 and the rules that tie the buttons to its selection.
 constexpr u32 kListControl = 370;
-constexpr RuleRecord kWithRow = {0, 0, kListControl, {0xFFFF, 0xFFFF, 0xFFFF}};
-constexpr RuleRecord kWithoutRow = {1, 0, kListControl, {0xFFFF, 0xFFFF, 0xFFFF}};
-constexpr const void* kWithRowRules[] = {&kWithRow, nullptr};
-constexpr const void* kWithoutRowRules[] = {&kWithoutRow, nullptr};
+constexpr const void* const* kWithRowRules = ListRules<kListControl>::kWithRowRules;
+constexpr const void* const* kWithoutRowRules = ListRules<kListControl>::kWithoutRowRules;
 
 // A list row: per column six display bytes and the value.
 constexpr u32 kListRowSize = (6 + kShortName) + (6 + kDescription);
@@ -249,27 +247,24 @@ constexpr FieldDescriptor kUserIdShown = {kTagProtected, &kUserIdType};
 
 const StaticItemRow kNoStatics[] = {{0, nullptr, 0}};
 
-#define LK_PLAIN(id, rules, name) {id, "", 0, rules, 0, kButtonType, name}
-#define LK_HELP(id, name) {id, "", 3, nullptr, 0, kButtonType, name}
-#define LK_BUTTON(id, rules, name) {id, kButton, nullptr, rules, 0, name, 0}
 
 // RT50: the list, then "&Add", "&Change", "&Delete", "C&lose", "&Help".
 const ActionControlRow kListActions[] = {
-    LK_PLAIN(371, kWithoutRowRules, "Button1"),
-    LK_PLAIN(372, kWithRowRules, "Button2"),
-    LK_PLAIN(373, kWithRowRules, "Button3"),
-    LK_PLAIN(374, nullptr, "Button4"),
-    LK_HELP(375, "Button5"),
+    PlainButton(371, "Button1", kWithoutRowRules),
+    PlainButton(372, "Button2", kWithRowRules),
+    PlainButton(373, "Button3", kWithRowRules),
+    PlainButton(374, "Button4", nullptr),
+    HelpButton(375, "Button5"),
     {0, nullptr, 0, nullptr, 0, 0, nullptr},
 };
 
 const ControlRow kListControls[] = {
     {kListControl, &kList, nullptr, nullptr, 0, "ListBox1", 0},
-    LK_BUTTON(371, kWithoutRowRules, "Button1"),
-    LK_BUTTON(372, kWithRowRules, "Button2"),
-    LK_BUTTON(373, kWithRowRules, "Button3"),
-    LK_BUTTON(374, nullptr, "Button4"),
-    LK_BUTTON(375, nullptr, "Button5"),
+    ButtonControl(371, "Button1", kWithoutRowRules),
+    ButtonControl(372, "Button2", kWithRowRules),
+    ButtonControl(373, "Button3", kWithRowRules),
+    ButtonControl(374, "Button4", nullptr),
+    ButtonControl(375, "Button5", nullptr),
     {0, nullptr, nullptr, nullptr, 0, nullptr, 0},
 };
 
@@ -286,18 +281,18 @@ const EventRow kListEvents[] = {
 
 // RT50A: the row in hand, read-only, then "&Delete", "Cance&l", "&Help".
 const ActionControlRow kDeleteActions[] = {
-    LK_PLAIN(388, nullptr, "Button1"),
-    LK_PLAIN(389, nullptr, "Button2"),
-    LK_HELP(390, "Button3"),
+    PlainButton(388, "Button1", nullptr),
+    PlainButton(389, "Button2", nullptr),
+    HelpButton(390, "Button3"),
     {0, nullptr, 0, nullptr, 0, 0, nullptr},
 };
 
 const ControlRow kDeleteControls[] = {
     {385, &kShortNameShown, nullptr, nullptr, 384, "SHORT_NAME1", 0},
     {387, &kDescriptionShown, nullptr, nullptr, 386, "DESCRIPTION_TEXT1", 0},
-    LK_BUTTON(388, nullptr, "Button1"),
-    LK_BUTTON(389, nullptr, "Button2"),
-    LK_BUTTON(390, nullptr, "Button3"),
+    ButtonControl(388, "Button1", nullptr),
+    ButtonControl(389, "Button2", nullptr),
+    ButtonControl(390, "Button3", nullptr),
     {0, nullptr, nullptr, nullptr, 0, nullptr, 0},
 };
 
@@ -310,9 +305,9 @@ const EventRow kDeleteEvents[] = {
 // RT51: "IS Number", "Short Name", "Description ", "Date of Last Update",
 // "Updated By", then "Accep&t", "Cance&l", "&Help".
 const ActionControlRow kEntryActions[] = {
-    LK_PLAIN(1003, nullptr, "Button1"),
-    LK_PLAIN(1004, nullptr, "Button2"),
-    LK_HELP(1005, "Button3"),
+    PlainButton(1003, "Button1", nullptr),
+    PlainButton(1004, "Button2", nullptr),
+    HelpButton(1005, "Button3"),
     {0, nullptr, 0, nullptr, 0, 0, nullptr},
 };
 
@@ -322,9 +317,9 @@ const ControlRow kEntryControls[] = {
     {998, &kDescriptionEntry, nullptr, nullptr, 997, "DESCRIPTION_TEXT1", 0},
     {1000, &kStampShown, nullptr, nullptr, 999, "D_LAST_UPDATE_TIMESTAMP1", 0},
     {1002, &kUserIdShown, nullptr, nullptr, 1001, "D_USERID_CODE1", 0},
-    LK_BUTTON(1003, nullptr, "Button1"),
-    LK_BUTTON(1004, nullptr, "Button2"),
-    LK_BUTTON(1005, nullptr, "Button3"),
+    ButtonControl(1003, "Button1", nullptr),
+    ButtonControl(1004, "Button2", nullptr),
+    ButtonControl(1005, "Button3", nullptr),
     {0, nullptr, nullptr, nullptr, 0, nullptr, 0},
 };
 
@@ -335,9 +330,6 @@ const EventRow kEntryEvents[] = {
     {0, nullptr, nullptr, nullptr, 0, 0, 0, 0},
 };
 
-#undef LK_PLAIN
-#undef LK_HELP
-#undef LK_BUTTON
 
 // ---- View transport ----
 

@@ -116,38 +116,34 @@ namespace {
 
 const StaticItemRow kNoStatics[] = {{0, nullptr, 0}};
 
-#define LK_KEY(id, keyword, code, name) {id, keyword, 0, nullptr, KeywordCode(code), kButtonType, name}
-#define LK_PLAIN(id, name) {id, "", 0, nullptr, 0, kButtonType, name}
-#define LK_HELP(id, name) {id, "", 3, nullptr, 0, kButtonType, name}
-#define LK_CONTROL(id, name) {id, kButton, nullptr, nullptr, 0, name, 0}
 
 // First page, buttons in tab order: three columns a row, seven rows, then
 // "Additional Tables >>>", "C&lose" and "&Help".
 const ActionControlRow kMainActions[] = {
-    LK_KEY(841, "LINK3", 1461, "Button1"),   LK_KEY(842, "LINK52", 1413, "Button2"),
-    LK_KEY(843, "LINK15", 1515, "Button3"),  LK_KEY(847, "LINK5", 1475, "Button4"),
-    LK_KEY(848, "LINK22", 1485, "Button5"),  LK_KEY(849, "LINK8", 1517, "Button6"),
-    LK_KEY(853, "LINK14", 1507, "Button7"),  LK_KEY(854, "LINK36", 1462, "Button8"),
-    LK_KEY(855, "LINK11", 1480, "Button9"),  LK_KEY(859, "LINK2", 1452, "Button10"),
-    LK_KEY(860, "LINK7", 1489, "Button11"),  LK_KEY(861, "LINK1", 1447, "Button12"),
-    LK_KEY(865, "LINK6", 1484, "Button13"),  LK_KEY(866, "LINK13", 1430, "Button14"),
-    LK_KEY(867, "LINK55", 1453, "Button15"), LK_KEY(871, "LINK10", 1468, "Button16"),
-    LK_KEY(872, "LINK12", 1487, "Button17"), LK_KEY(873, "LINK40", 1520, "Button18"),
-    LK_KEY(877, "LINK4", 1464, "Button19"),  LK_KEY(878, "LINK9", 1523, "Button20"),
-    LK_KEY(879, "LINK32", 1442, "Button21"), LK_PLAIN(880, "Button22"),
-    LK_KEY(881, "EXIT", 1410, "Button23"),   LK_HELP(882, "Button24"),
+    KeywordButton(841, "LINK3", 1461, "Button1"),   KeywordButton(842, "LINK52", 1413, "Button2"),
+    KeywordButton(843, "LINK15", 1515, "Button3"),  KeywordButton(847, "LINK5", 1475, "Button4"),
+    KeywordButton(848, "LINK22", 1485, "Button5"),  KeywordButton(849, "LINK8", 1517, "Button6"),
+    KeywordButton(853, "LINK14", 1507, "Button7"),  KeywordButton(854, "LINK36", 1462, "Button8"),
+    KeywordButton(855, "LINK11", 1480, "Button9"),  KeywordButton(859, "LINK2", 1452, "Button10"),
+    KeywordButton(860, "LINK7", 1489, "Button11"),  KeywordButton(861, "LINK1", 1447, "Button12"),
+    KeywordButton(865, "LINK6", 1484, "Button13"),  KeywordButton(866, "LINK13", 1430, "Button14"),
+    KeywordButton(867, "LINK55", 1453, "Button15"), KeywordButton(871, "LINK10", 1468, "Button16"),
+    KeywordButton(872, "LINK12", 1487, "Button17"), KeywordButton(873, "LINK40", 1520, "Button18"),
+    KeywordButton(877, "LINK4", 1464, "Button19"),  KeywordButton(878, "LINK9", 1523, "Button20"),
+    KeywordButton(879, "LINK32", 1442, "Button21"), PlainButton(880, "Button22"),
+    KeywordButton(881, "EXIT", 1410, "Button23"),   HelpButton(882, "Button24"),
     {0, nullptr, 0, nullptr, 0, 0, nullptr},
 };
 
 const ControlRow kMainControls[] = {
-    LK_CONTROL(841, "Button1"),   LK_CONTROL(842, "Button2"),   LK_CONTROL(843, "Button3"),
-    LK_CONTROL(847, "Button4"),   LK_CONTROL(848, "Button5"),   LK_CONTROL(849, "Button6"),
-    LK_CONTROL(853, "Button7"),   LK_CONTROL(854, "Button8"),   LK_CONTROL(855, "Button9"),
-    LK_CONTROL(859, "Button10"),  LK_CONTROL(860, "Button11"),  LK_CONTROL(861, "Button12"),
-    LK_CONTROL(865, "Button13"),  LK_CONTROL(866, "Button14"),  LK_CONTROL(867, "Button15"),
-    LK_CONTROL(871, "Button16"),  LK_CONTROL(872, "Button17"),  LK_CONTROL(873, "Button18"),
-    LK_CONTROL(877, "Button19"),  LK_CONTROL(878, "Button20"),  LK_CONTROL(879, "Button21"),
-    LK_CONTROL(880, "Button22"),  LK_CONTROL(881, "Button23"),  LK_CONTROL(882, "Button24"),
+    ButtonControl(841, "Button1"),   ButtonControl(842, "Button2"),   ButtonControl(843, "Button3"),
+    ButtonControl(847, "Button4"),   ButtonControl(848, "Button5"),   ButtonControl(849, "Button6"),
+    ButtonControl(853, "Button7"),   ButtonControl(854, "Button8"),   ButtonControl(855, "Button9"),
+    ButtonControl(859, "Button10"),  ButtonControl(860, "Button11"),  ButtonControl(861, "Button12"),
+    ButtonControl(865, "Button13"),  ButtonControl(866, "Button14"),  ButtonControl(867, "Button15"),
+    ButtonControl(871, "Button16"),  ButtonControl(872, "Button17"),  ButtonControl(873, "Button18"),
+    ButtonControl(877, "Button19"),  ButtonControl(878, "Button20"),  ButtonControl(879, "Button21"),
+    ButtonControl(880, "Button22"),  ButtonControl(881, "Button23"),  ButtonControl(882, "Button24"),
     {0, nullptr, nullptr, nullptr, 0, nullptr, 0},
 };
 
@@ -158,14 +154,14 @@ const EventRow kMainEvents[] = {
 };
 
 const ActionControlRow kPage2Actions[] = {
-    LK_KEY(822, "LINK34", 1504, "Button1"), LK_KEY(824, "LINK30", 1492, "Button2"),
-    LK_PLAIN(825, "Button3"), LK_HELP(826, "Button4"),
+    KeywordButton(822, "LINK34", 1504, "Button1"), KeywordButton(824, "LINK30", 1492, "Button2"),
+    PlainButton(825, "Button3"), HelpButton(826, "Button4"),
     {0, nullptr, 0, nullptr, 0, 0, nullptr},
 };
 
 const ControlRow kPage2Controls[] = {
-    LK_CONTROL(822, "Button1"), LK_CONTROL(824, "Button2"), LK_CONTROL(825, "Button3"),
-    LK_CONTROL(826, "Button4"), {0, nullptr, nullptr, nullptr, 0, nullptr, 0},
+    ButtonControl(822, "Button1"), ButtonControl(824, "Button2"), ButtonControl(825, "Button3"),
+    ButtonControl(826, "Button4"), {0, nullptr, nullptr, nullptr, 0, nullptr, 0},
 };
 
 const EventRow kPage2Events[] = {
@@ -174,13 +170,13 @@ const EventRow kPage2Events[] = {
 };
 
 const ActionControlRow kCharTypeActions[] = {
-    LK_PLAIN(830, "Button1"), LK_PLAIN(831, "Button2"), LK_PLAIN(832, "Button3"),
-    LK_HELP(833, "Button4"), {0, nullptr, 0, nullptr, 0, 0, nullptr},
+    PlainButton(830, "Button1"), PlainButton(831, "Button2"), PlainButton(832, "Button3"),
+    HelpButton(833, "Button4"), {0, nullptr, 0, nullptr, 0, 0, nullptr},
 };
 
 const ControlRow kCharTypeControls[] = {
-    LK_CONTROL(830, "Button1"), LK_CONTROL(831, "Button2"), LK_CONTROL(832, "Button3"),
-    LK_CONTROL(833, "Button4"), {0, nullptr, nullptr, nullptr, 0, nullptr, 0},
+    ButtonControl(830, "Button1"), ButtonControl(831, "Button2"), ButtonControl(832, "Button3"),
+    ButtonControl(833, "Button4"), {0, nullptr, nullptr, nullptr, 0, nullptr, 0},
 };
 
 const EventRow kCharTypeEvents[] = {
@@ -190,10 +186,6 @@ const EventRow kCharTypeEvents[] = {
     {0, nullptr, nullptr, nullptr, 0, 0, 0, 0},
 };
 
-#undef LK_KEY
-#undef LK_PLAIN
-#undef LK_HELP
-#undef LK_CONTROL
 
 // ---- View dictionary ----
 

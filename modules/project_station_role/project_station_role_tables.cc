@@ -190,10 +190,8 @@ namespace {
 
 // RT40: the list 779, its scroll buttons, the buttons that follow its state.
 constexpr u32 kList = 779;
-constexpr RuleRecord kWithoutRow = {1, 0, kList, {0xFFFF, 0xFFFF, 0xFFFF}};
-constexpr RuleRecord kWithRow = {0, 0, kList, {0xFFFF, 0xFFFF, 0xFFFF}};
-constexpr const void* kAddRules[] = {&kWithoutRow, nullptr};
-constexpr const void* kRowRules[] = {&kWithRow, nullptr};
+constexpr const void* const* kAddRules = ListRules<kList>::kWithoutRowRules;
+constexpr const void* const* kRowRules = ListRules<kList>::kWithRowRules;
 constexpr u32 kListDependants[] = {(782u << 16) | 4, (783u << 16) | 4, (784u << 16) | 4,
                                    0xFFFF0000u};
 
@@ -227,22 +225,22 @@ const ControlRow kListControls[] = {
     {kList, &kListDescriptor, kListDependants, nullptr, 0, "ListBox1", 0},
     {780, &kScrollUp, nullptr, nullptr, 0, "PictureButton1", 0},
     {781, &kScrollDown, nullptr, nullptr, 0, "PictureButton2", 0},
-    {782, kButton, nullptr, kAddRules, 0, "Button1", 0},
-    {783, kButton, nullptr, kRowRules, 0, "Button2", 0},
-    {784, kButton, nullptr, kRowRules, 0, "Button3", 0},
-    {785, kButton, nullptr, nullptr, 0, "Button4", 0},
-    {786, kButton, nullptr, nullptr, 0, "Button5", 0},
+    ButtonControl(782, "Button1", kAddRules),
+    ButtonControl(783, "Button2", kRowRules),
+    ButtonControl(784, "Button3", kRowRules),
+    ButtonControl(785, "Button4"),
+    ButtonControl(786, "Button5"),
     {0, nullptr, nullptr, nullptr, 0, nullptr, 0},
 };
 
 const ActionControlRow kListActions[] = {
-    {780, "PREV", 0, nullptr, KeywordCode(1501), kButtonType, "PictureButton1"},
-    {781, "NEXT", 0, nullptr, KeywordCode(1497), kButtonType, "PictureButton2"},
-    {782, "", 0, kAddRules, 0, kButtonType, "Button1"},
-    {783, "", 0, kRowRules, 0, kButtonType, "Button2"},
-    {784, "", 0, kRowRules, 0, kButtonType, "Button3"},
-    {785, "", 0, nullptr, 0, kButtonType, "Button4"},
-    {786, "", 3, nullptr, 0, kButtonType, "Button5"},
+    KeywordButton(780, "PREV", 1501, "PictureButton1"),
+    KeywordButton(781, "NEXT", 1497, "PictureButton2"),
+    PlainButton(782, "Button1", kAddRules),
+    PlainButton(783, "Button2", kRowRules),
+    PlainButton(784, "Button3", kRowRules),
+    PlainButton(785, "Button4"),
+    HelpButton(786, "Button5"),
     {0, nullptr, 0, nullptr, 0, 0, nullptr},
 };
 
@@ -263,16 +261,16 @@ const EventRow kListEvents[] = {
 // RT40A: the row in hand's type name, read-only.
 const ControlRow kDeleteControls[] = {
     {771, &kTypeNameShown, nullptr, nullptr, 770, "TYPE_NAME1", 0},
-    {772, kButton, nullptr, nullptr, 0, "Button1", 0},
-    {773, kButton, nullptr, nullptr, 0, "Button2", 0},
-    {774, kButton, nullptr, nullptr, 0, "Button3", 0},
+    ButtonControl(772, "Button1"),
+    ButtonControl(773, "Button2"),
+    ButtonControl(774, "Button3"),
     {0, nullptr, nullptr, nullptr, 0, nullptr, 0},
 };
 
 const ActionControlRow kDeleteActions[] = {
-    {772, "", 0, nullptr, 0, kButtonType, "Button1"},
-    {773, "", 0, nullptr, 0, kButtonType, "Button2"},
-    {774, "", 3, nullptr, 0, kButtonType, "Button3"},
+    PlainButton(772, "Button1"),
+    PlainButton(773, "Button2"),
+    HelpButton(774, "Button3"),
     {0, nullptr, 0, nullptr, 0, 0, nullptr},
 };
 
@@ -287,16 +285,16 @@ const ControlRow kEntryControls[] = {
     {496, &kTypeNameField, nullptr, nullptr, 495, "TYPE_NAME1", 0},
     {498, &kTimestampShown, nullptr, nullptr, 497, "D_LAST_UPDATE_TIMESTAMP1", 0},
     {500, &kUserIdShown, nullptr, nullptr, 499, "D_USERID_CODE1", 0},
-    {501, kButton, nullptr, nullptr, 0, "Button1", 0},
-    {502, kButton, nullptr, nullptr, 0, "Button2", 0},
-    {503, kButton, nullptr, nullptr, 0, "Button3", 0},
+    ButtonControl(501, "Button1"),
+    ButtonControl(502, "Button2"),
+    ButtonControl(503, "Button3"),
     {0, nullptr, nullptr, nullptr, 0, nullptr, 0},
 };
 
 const ActionControlRow kEntryActions[] = {
-    {501, "", 0, nullptr, 0, kButtonType, "Button1"},
-    {502, "", 0, nullptr, 0, kButtonType, "Button2"},
-    {503, "", 3, nullptr, 0, kButtonType, "Button3"},
+    PlainButton(501, "Button1"),
+    PlainButton(502, "Button2"),
+    HelpButton(503, "Button3"),
     {0, nullptr, 0, nullptr, 0, 0, nullptr},
 };
 
