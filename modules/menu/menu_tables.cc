@@ -116,7 +116,6 @@ namespace {
 
 const StaticItemRow kNoStatics[] = {{0, nullptr, 0}};
 
-
 // First page, buttons in tab order: three columns a row, seven rows, then
 // "Additional Tables >>>", "C&lose" and "&Help".
 const ActionControlRow kMainActions[] = {
