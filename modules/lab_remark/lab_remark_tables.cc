@@ -1,14 +1,5 @@
-// The design rows of the lab remark module: the view dictionaries of RT50
-// and RT51, the flow from RT50 to RT51, the controls, actions and events of
-// the windows RT50, RT50A and RT51, and the transport bindings behind their
-// read_window, write_window, view copy and stream functions.
-//
-// The buttons carry no keyword: each raises its EventRow. Add is enabled
-// only while the list has no selected row, Change and Delete only while it
-// has one. The list's Click and DoubleClick read the window first, so that
-// the row marks in the view are those on the screen; DoubleClick stands
-// first, as a double click raises both. Open events read nothing: they work
-// from the import view that the flow filled.
+// The view dictionaries of RT50 and RT51 and the flow from RT50 to RT51;
+// the windows are declared in lab_remark.h.
 #include <cstddef>
 
 #include "frame/design_rows.h"
@@ -27,17 +18,6 @@ namespace {
 #define LK_OUT(member) static_cast<u32>(offsetof(ListExport, member))
 #define LK_EIN(member) static_cast<u32>(offsetof(EntryImport, member))
 #define LK_EOUT(member) static_cast<u32>(offsetof(EntryExport, member))
-
-constexpr AttributeType kFlagType = {2, "S ", 1, "", nullptr, 0, {0, 0}};
-constexpr AttributeType kSubscriptType = {5, "B ", 4, "", nullptr, 0, {0, 0}};
-constexpr AttributeType kIsNumberType = {13, "B ", 12, "", nullptr, 0, {0, 0}};
-constexpr AttributeType kOrgIdType = {9, "S ", 8, "", nullptr, 0, {0, 0}};
-constexpr AttributeType kShortNameType = {7, "S ", 6, "", nullptr, 0, {0, 0}};
-constexpr AttributeType kDescriptionType = {61, "Y ", 60, "", nullptr, 0, {0, 0}};
-constexpr AttributeType kUserIdType = {9, "S ", 8, "", nullptr, 0, {0, 0}};
-constexpr AttributeType kTimestampType = {26, "Q ", 20, "YYYY-MM-DD-HH.MI.SS.NNNNNN", nullptr,
-                                          0, {0, 0}};
-constexpr AttributeType kCommandType = {81, "S ", 80, "", nullptr, 0, {0, 0}};
 
 constexpr AttributeRow kEnd = {nullptr, 0, 0, 0, nullptr};
 
@@ -162,8 +142,6 @@ const GroupRow kEntryGroupRows[] = {
     {"*", 4u << 16, 0, 0, 0, 0},
 };
 
-const ViewNameRow kListViews = {"RT50_LAB_REMARK_MAINT_LIST", kListViewRows, kListGroupRows,
-                                kListProcedureId};
 
 #undef LK_IN
 #undef LK_OUT
@@ -172,8 +150,6 @@ const ViewNameRow kListViews = {"RT50_LAB_REMARK_MAINT_LIST", kListViewRows, kLi
 
 namespace {
 
-const ViewNameRow kEntryViews = {"RT51_LAB_REMARK_DATA_ENTRY", kEntryViewRows, kEntryGroupRows,
-                                 kEntryProcedureId};
 
 // ---- The flow from RT50 to RT51 ----
 
@@ -213,174 +189,5 @@ const FlowRow kListFlowRows[] = {
      Receive<kToEntry>, kReturnsOnCancel, "D", "$#CURR#$", "E", "RETURN", 0},
     {0, nullptr, 0, nullptr, nullptr, nullptr, nullptr, nullptr, nullptr, nullptr, nullptr, 0},
 };
-
-// ---- Windows ----
-
-namespace {
-
-
-// The list of RT50 and the rules that tie the buttons to its selection.
-constexpr u32 kListControl = 370;
-constexpr const void* const* kWithRowRules = ListRules<kListControl>::kWithRowRules;
-constexpr const void* const* kWithoutRowRules = ListRules<kListControl>::kWithoutRowRules;
-
-// A list row: per column six display bytes and the value.
-constexpr u32 kListRowSize = (6 + kShortName) + (6 + kDescription);
-constexpr ListColumnRow kListColumns[] = {
-    {(18u << 16) | 9u, (18u << 16) | 60u, 58, 'L', 6, 6 + kShortName, kShortNameType, 0, 367,
-     {0, 0}},
-    {(18u << 16) | 68u, (18u << 16) | 300u, 302, 'L', 6 + kShortName + 6, kListRowSize,
-     kDescriptionType, 0, 368, {0, 0}},
-    {},
-};
-constexpr ListDescriptor kList = {(kListRowSize << 16) | kTagList, kListColumns, 0, nullptr};
-
-constexpr FieldDescriptor kShortNameShown = {kTagProtected, &kShortNameType};
-constexpr FieldDescriptor kDescriptionShown = {kTagProtected, &kDescriptionType};
-constexpr FieldDescriptor kIsNumberShown = {kTagProtected, &kIsNumberType};
-constexpr FieldDescriptor kShortNameEntry = {kTagEntry, &kShortNameType};
-constexpr FieldDescriptor kDescriptionEntry = {kTagEntry, &kDescriptionType};
-constexpr FieldDescriptor kStampShown = {kTagProtected, &kTimestampType};
-constexpr FieldDescriptor kUserIdShown = {kTagProtected, &kUserIdType};
-
-}  // namespace
-
-const StaticItemRow kNoStatics[] = {{0, nullptr, 0}};
-
-
-// RT50: the list, then "&Add", "&Change", "&Delete", "C&lose", "&Help".
-const ActionControlRow kListActions[] = {
-    PlainButton(371, "Button1", kWithoutRowRules),
-    PlainButton(372, "Button2", kWithRowRules),
-    PlainButton(373, "Button3", kWithRowRules),
-    PlainButton(374, "Button4", nullptr),
-    HelpButton(375, "Button5"),
-    {0, nullptr, 0, nullptr, 0, 0, nullptr},
-};
-
-const ControlRow kListControls[] = {
-    {kListControl, &kList, nullptr, nullptr, 0, "ListBox1", 0},
-    ButtonControl(371, "Button1", kWithoutRowRules),
-    ButtonControl(372, "Button2", kWithRowRules),
-    ButtonControl(373, "Button3", kWithRowRules),
-    ButtonControl(374, "Button4", nullptr),
-    ButtonControl(375, "Button5", nullptr),
-    {0, nullptr, nullptr, nullptr, 0, nullptr, 0},
-};
-
-const EventRow kListEvents[] = {
-    {366, "Open", RT50_LAB_REMARK_MAINT_LIST_OPEN, nullptr, ' ', 0, 0, 0},
-    {kListControl, "DoubleClick", RT50_LAB_REMARK_LB_DOUBLECLICK, nullptr, 'Y', 0, 0, 0},
-    {kListControl, "Click", RT50_LAB_REMARK_LB_CLICK, nullptr, 'Y', 0, 0, 0},
-    {371, "Click", RT50_LAB_REMARK_PB_ADD_CLICK, nullptr, ' ', 0, 0, 0},
-    {372, "Click", RT50_LAB_REMARK_PB_CHANGE_CLICK, nullptr, ' ', 0, 0, 0},
-    {373, "Click", RT50_LAB_REMARK_PB_DELETE_CLICK, nullptr, ' ', 0, 0, 0},
-    {374, "Click", RT50_LAB_REMARK_PB_CLOSE_CLICK, nullptr, ' ', 0, 0, 0},
-    {0, nullptr, nullptr, nullptr, 0, 0, 0, 0},
-};
-
-// RT50A: the row in hand, read-only, then "&Delete", "Cance&l", "&Help".
-const ActionControlRow kDeleteActions[] = {
-    PlainButton(388, "Button1", nullptr),
-    PlainButton(389, "Button2", nullptr),
-    HelpButton(390, "Button3"),
-    {0, nullptr, 0, nullptr, 0, 0, nullptr},
-};
-
-const ControlRow kDeleteControls[] = {
-    {385, &kShortNameShown, nullptr, nullptr, 384, "SHORT_NAME1", 0},
-    {387, &kDescriptionShown, nullptr, nullptr, 386, "DESCRIPTION_TEXT1", 0},
-    ButtonControl(388, "Button1", nullptr),
-    ButtonControl(389, "Button2", nullptr),
-    ButtonControl(390, "Button3", nullptr),
-    {0, nullptr, nullptr, nullptr, 0, nullptr, 0},
-};
-
-const EventRow kDeleteEvents[] = {
-    {388, "Click", RT50A_LAB_REMARK_PB_DELETE_CLICK, nullptr, ' ', 0, 0, 0},
-    {389, "Click", RT50A_LAB_REMARK_PB_CANCEL_CLICK, nullptr, ' ', 0, 0, 0},
-    {0, nullptr, nullptr, nullptr, 0, 0, 0, 0},
-};
-
-// RT51: "IS Number", "Short Name", "Description ", "Date of Last Update",
-// "Updated By", then "Accep&t", "Cance&l", "&Help".
-const ActionControlRow kEntryActions[] = {
-    PlainButton(1003, "Button1", nullptr),
-    PlainButton(1004, "Button2", nullptr),
-    HelpButton(1005, "Button3"),
-    {0, nullptr, 0, nullptr, 0, 0, nullptr},
-};
-
-const ControlRow kEntryControls[] = {
-    {994, &kIsNumberShown, nullptr, nullptr, 993, "TSRLBRMK_IS_NUMBER1", 0},
-    {996, &kShortNameEntry, nullptr, nullptr, 995, "SHORT_NAME1", 0},
-    {998, &kDescriptionEntry, nullptr, nullptr, 997, "DESCRIPTION_TEXT1", 0},
-    {1000, &kStampShown, nullptr, nullptr, 999, "D_LAST_UPDATE_TIMESTAMP1", 0},
-    {1002, &kUserIdShown, nullptr, nullptr, 1001, "D_USERID_CODE1", 0},
-    ButtonControl(1003, "Button1", nullptr),
-    ButtonControl(1004, "Button2", nullptr),
-    ButtonControl(1005, "Button3", nullptr),
-    {0, nullptr, nullptr, nullptr, 0, nullptr, 0},
-};
-
-const EventRow kEntryEvents[] = {
-    {992, "Open", RT51_LAB_REMARK_DATA_ENTRY_OPEN, nullptr, ' ', 0, 0, 0},
-    {1003, "Click", RT51_LAB_REMARK_PB_ACCEPT_CLICK, nullptr, 'Y', 0, 0, 0},
-    {1004, "Click", RT51_LAB_REMARK_PB_CANCEL_CLICK, nullptr, ' ', 0, 0, 0},
-    {0, nullptr, nullptr, nullptr, 0, 0, 0, 0},
-};
-
-
-// ---- View transport ----
-
-namespace {
-
-constexpr const char* kListColumnNames[] = {"GRP_EXPORT.LAB_REMARK.SHORT_NAME",
-                                            "GRP_EXPORT.LAB_REMARK.DESCRIPTION_TEXT", nullptr};
-constexpr FieldBinding kListFields[] = {
-    {kListControl, nullptr, kListColumnNames, "GRP_EXPORT_SEL.RUNTIME_SUPPLIED.SELECT_CHAR"},
-    {371, nullptr, nullptr, nullptr}, {372, nullptr, nullptr, nullptr},
-    {373, nullptr, nullptr, nullptr}, {374, nullptr, nullptr, nullptr},
-    {375, nullptr, nullptr, nullptr},
-};
-constexpr FieldBinding kDeleteFields[] = {
-    {385, "EXPORT_SELECTED.LAB_REMARK.SHORT_NAME", nullptr, nullptr},
-    {387, "EXPORT_SELECTED.LAB_REMARK.DESCRIPTION_TEXT", nullptr, nullptr},
-    {388, nullptr, nullptr, nullptr}, {389, nullptr, nullptr, nullptr},
-    {390, nullptr, nullptr, nullptr},
-};
-constexpr FieldBinding kEntryFields[] = {
-    {994, "EXPORT.LAB_REMARK.TSRLBRMK_IS_NUMBER", nullptr, nullptr},
-    {996, "EXPORT.LAB_REMARK.SHORT_NAME", nullptr, nullptr},
-    {998, "EXPORT.LAB_REMARK.DESCRIPTION_TEXT", nullptr, nullptr},
-    {1000, "EXPORT.LAB_REMARK.D_LAST_UPDATE_TIMESTAMP", nullptr, nullptr},
-    {1002, "EXPORT.LAB_REMARK.D_USERID_CODE", nullptr, nullptr},
-    {1003, nullptr, nullptr, nullptr}, {1004, nullptr, nullptr, nullptr},
-    {1005, nullptr, nullptr, nullptr},
-};
-constexpr WindowBinding kListBinding = {&kListWindowRows[0], &kListViews, kListFields};
-constexpr WindowBinding kDeleteBinding = {&kListWindowRows[1], &kListViews, kDeleteFields};
-constexpr WindowBinding kEntryBinding = {&kEntryWindowRows[0], &kEntryViews, kEntryFields};
-
-}  // namespace
-
-void ReadList(WindowHandle w, void* v) { ReadWindowBy(kListBinding, w, v); }
-void WriteList(WindowHandle w, void* v) { WriteWindowBy(kListBinding, w, v); }
-void ReadDelete(WindowHandle w, void* v) { ReadWindowBy(kDeleteBinding, w, v); }
-void WriteDelete(WindowHandle w, void* v) { WriteWindowBy(kDeleteBinding, w, v); }
-void ReadEntry(WindowHandle w, void* v) { ReadWindowBy(kEntryBinding, w, v); }
-void WriteEntry(WindowHandle w, void* v) { WriteWindowBy(kEntryBinding, w, v); }
-
-void ListImportToExport(const void* from, void* to) { ImportToExportBy(kListViews, from, to); }
-void ListExportToImport(const void* from, void* to) { ExportToImportBy(kListViews, from, to); }
-void ListImportUnpack(void* view, ViewStream* stream) { ImportUnpackBy(kListViews, view, stream); }
-void ListExportPack(void* view, ViewStream* stream) { ExportPackBy(kListViews, view, stream); }
-
-void EntryImportToExport(const void* from, void* to) { ImportToExportBy(kEntryViews, from, to); }
-void EntryExportToImport(const void* from, void* to) { ExportToImportBy(kEntryViews, from, to); }
-void EntryImportUnpack(void* view, ViewStream* stream) {
-  ImportUnpackBy(kEntryViews, view, stream);
-}
-void EntryExportPack(void* view, ViewStream* stream) { ExportPackBy(kEntryViews, view, stream); }
 
 }  // namespace lk::lab_remark

@@ -360,7 +360,7 @@ void RT51_LAB_REMARK_DATA_ENTRY(HandleA a, HandleB b, RunContext* rc, void* impo
                    StoreUnitId(rc, kEntryBodyId);
                    rc->statement = kStatement1;
                    SetExit(rc, EXIT_NONE, nullptr, 'N');
-                   EntryImportToExport(import_view, export_view);
+                   ImportToExport<kEntryViews>(import_view, export_view);
                  });
 }
 

@@ -21,6 +21,7 @@
 
 #include <cstdint>
 
+#include "frame/tables.h"
 #include "frame/views.h"
 
 namespace lk::lab_remark {
@@ -37,6 +38,19 @@ constexpr int kDescription = 61;
 constexpr int kUserId = 9;
 constexpr int kFlag = 2;
 constexpr int kCommand = 81;
+
+// Attribute types of the views.
+inline constexpr AttributeType kFlagType = {2, "S ", 1, "", nullptr, 0, {0, 0}};
+inline constexpr AttributeType kSubscriptType = {5, "B ", 4, "", nullptr, 0, {0, 0}};
+inline constexpr AttributeType kIsNumberType = {13, "B ", 12, "", nullptr, 0, {0, 0}};
+inline constexpr AttributeType kOrgIdType = {9, "S ", 8, "", nullptr, 0, {0, 0}};
+inline constexpr AttributeType kShortNameType = {7, "S ", 6, "", nullptr, 0, {0, 0}};
+inline constexpr AttributeType kDescriptionType = {61, "Y ", 60, "", nullptr, 0, {0, 0}};
+inline constexpr AttributeType kUserIdType = {9, "S ", 8, "", nullptr, 0, {0, 0}};
+inline constexpr AttributeType kTimestampType = {26, "Q ", 20, "YYYY-MM-DD-HH.MI.SS.NNNNNN", nullptr,
+                                          0, {0, 0}};
+inline constexpr AttributeType kCommandType = {81, "S ", 80, "", nullptr, 0, {0, 0}};
+
 
 // ---- RT50_LAB_REMARK_MAINT_LIST ----
 

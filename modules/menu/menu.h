@@ -1,32 +1,27 @@
 // The reference table menu, RT1_REFERENCE_TABLE_MAINT_MENU: the parts that
 // the head tables take from it. Its three windows are the first page (dialog
 // 835), the second page RT1A (819) and the characteristic type dialog RT1B
-// (828). The head (frame/head) writes the ProcedureRow, WindowRows and
-// ViewNameRows from these parts in table order.
+// (828). The head tables place its procedure from kModule.
 #ifndef WATRIX_MODULES_MENU_MENU_H_
 #define WATRIX_MODULES_MENU_MENU_H_
 
+#include "frame/head/module_decl.h"
 #include "frame/tables.h"
+#include "modules/menu/menu_views.h"
 
 namespace lk::menu {
 
 constexpr u32 kProcedureId = 816;
 
-// ProcedureRow parts.
+// The body, its flows and its view dictionary.
 void RT1_REFERENCE_TABLE_MAINT_MENU(HandleA, HandleB, RunContext*, void*, void*);
 extern const ExitRow kExitRows[];
 extern const FlowRow kFlowRows[];
 extern u32 flow_state[2];
-extern const u32 kImportSize;
-extern const u32 kExportSize;
-void ImportToExport(const void* from, void* to);
-void ExportToImport(const void* from, void* to);
-void ImportUnpack(void* view, ViewStream* stream);
-void ExportPack(void* view, ViewStream* stream);
-
-// View dictionary.
 extern const ViewRow kViewRows[];
 extern const GroupRow kGroupRows[];
+inline constexpr ViewNameRow kViews = {"RT1_REFERENCE_TABLE_MAINT_MENU", kViewRows, kGroupRows,
+                                       kProcedureId};
 
 // Window parts: first page, second page, characteristic type dialog.
 extern const ActionControlRow kMainActions[];
@@ -57,6 +52,13 @@ inline constexpr WindowRow kWindowRows[] = {
 };
 
 inline constexpr const char kTitle[] = "RT1 Reference Table Maintenance Menu";
+
+inline constexpr head::ProcedureDecl kProcedures[] = {
+    head::DeclareProcedure<kViews>(RT1_REFERENCE_TABLE_MAINT_MENU, sizeof(MenuImport),
+                                   sizeof(MenuExport), kTitle, kWindowRows,
+                                   {flow_state, kExitRows, kFlowRows}),
+};
+inline constexpr head::ModuleDecl kModule = head::DeclareModule(kProcedures);
 
 }  // namespace lk::menu
 

@@ -21,8 +21,6 @@ namespace lk::menu {
 
 u32 flow_state[2];
 
-const u32 kImportSize = sizeof(MenuImport);
-const u32 kExportSize = sizeof(MenuExport);
 
 namespace {
 
@@ -239,8 +237,7 @@ const GroupRow kGroupRows[] = {
 
 namespace {
 
-constexpr ViewNameRow kViewName = {"RT1_REFERENCE_TABLE_MAINT_MENU", kViewRows, kGroupRows,
-                                   kProcedureId};
+constexpr const ViewNameRow& kViewName = kViews;
 constexpr FieldBinding kMainFields[] = {
     {841, nullptr, nullptr, nullptr}, {842, nullptr, nullptr, nullptr},
     {843, nullptr, nullptr, nullptr}, {847, nullptr, nullptr, nullptr},
@@ -311,10 +308,5 @@ void ReadPage2(WindowHandle w, void* v) { ReadWindowBy(kPage2Binding, w, v); }
 void WritePage2(WindowHandle w, void* v) { WriteWindowBy(kPage2Binding, w, v); }
 void ReadCharType(WindowHandle w, void* v) { ReadWindowBy(kCharTypeBinding, w, v); }
 void WriteCharType(WindowHandle w, void* v) { WriteWindowBy(kCharTypeBinding, w, v); }
-
-void ImportToExport(const void* from, void* to) { ImportToExportBy(kViewName, from, to); }
-void ExportToImport(const void* from, void* to) { ExportToImportBy(kViewName, from, to); }
-void ImportUnpack(void* view, ViewStream* stream) { ImportUnpackBy(kViewName, view, stream); }
-void ExportPack(void* view, ViewStream* stream) { ExportPackBy(kViewName, view, stream); }
 
 }  // namespace lk::menu

@@ -1,15 +1,25 @@
-// The project station role module: the parts that the head tables and the
-// menu take from it. Two procedures: RT40_PROJECT_ROLE_MAIN_LIST (766), with
-// the list window (dialog 777) and the delete dialog RT40A (769), and
-// RT41_PROJECT_ROLE_DATA_ENTRY (491), with its window (dialog 494). The head
-// (frame/head) writes their ProcedureRows, WindowRows and ViewNameRows from
-// these parts in table order; the menu's flow to RT40 sends into the list's
-// import view by kListViews.
+// The project station role module as the head tables take it: two
+// procedures, RT40_PROJECT_ROLE_MAIN_LIST (766), with the list window
+// (dialog 777) and the delete dialog RT40A (769), and
+// RT41_PROJECT_ROLE_DATA_ENTRY (491), with its window (dialog 494). Every
+// control is declared once here; its rows, bindings and events are derived
+// (frame/window_decl.h), and the module's procedures are placed in the head
+// tables from kModule (frame/head/assemble.h).
+//
+// RT40's list shows TYPE_NAME under the heading "Role". Its picture buttons
+// Prev and Next are scroll buttons of the list whose keywords "PREV" and
+// "NEXT" name them for the control services and put that COMMAND in place
+// for the paging actions. Add is enabled only while the list has no selected
+// row, Change and Delete only while it has one.
 #ifndef WATRIX_MODULES_PROJECT_STATION_ROLE_PROJECT_STATION_ROLE_H_
 #define WATRIX_MODULES_PROJECT_STATION_ROLE_PROJECT_STATION_ROLE_H_
 
+#include "frame/design_rows.h"
+#include "frame/head/module_decl.h"
 #include "frame/tables.h"
+#include "frame/window_decl.h"
 #include "modules/project_station_role/project_station_role_units.h"
+#include "modules/project_station_role/project_station_role_views.h"
 
 namespace lk::project_station_role {
 
@@ -17,58 +27,104 @@ inline constexpr char kListTitle[] = "RT40 Project Role Maintenance List";
 inline constexpr char kEntryTitle[] = "RT41 Project Role Data Entry";
 inline constexpr char kDeleteWindowName[] = "RT40A_DELETE_PROJECT_ROLE";
 
-// ProcedureRow parts of RT40.
+// The dictionaries and the flow (project_station_role_tables.cc).
+extern const ViewRow kListViewRows[];
+extern const GroupRow kListGroupRows[];
+extern const ViewRow kEntryViewRows[];
+extern const GroupRow kEntryGroupRows[];
 extern const ExitRow kListExitRows[];
 extern const FlowRow kListFlowRows[];
 extern u32 list_flow_state[2];
-extern const u32 kListImportSize;
-extern const u32 kListExportSize;
-void ListImportToExport(const void* from, void* to);
-void ListExportToImport(const void* from, void* to);
-void ListImportUnpack(void* view, ViewStream* stream);
-void ListExportPack(void* view, ViewStream* stream);
+char* ListRowAddress(void* export_view, int row);
 
-// ProcedureRow parts of RT41 (no flows).
-extern const u32 kEntryImportSize;
-extern const u32 kEntryExportSize;
-void EntryImportToExport(const void* from, void* to);
-void EntryExportToImport(const void* from, void* to);
-void EntryImportUnpack(void* view, ViewStream* stream);
-void EntryExportPack(void* view, ViewStream* stream);
+inline constexpr ViewNameRow kListViews = {"RT40_PROJECT_ROLE_MAIN_LIST", kListViewRows,
+                                           kListGroupRows, kListProcedureId};
+inline constexpr ViewNameRow kEntryViews = {"RT41_PROJECT_ROLE_DATA_ENTRY", kEntryViewRows,
+                                            kEntryGroupRows, kEntryProcedureId};
 
-// View dictionaries.
-extern const ViewNameRow kListViews;
-extern const ViewNameRow kEntryViews;
+// ---- RT40: the list 779 under the static 778, its scroll buttons ----
 
-// Window parts.
-extern const ActionControlRow kListActions[];
-extern const ControlRow kListControls[];
-extern const EventRow kListEvents[];
-extern const ActionControlRow kDeleteActions[];
-extern const ControlRow kDeleteControls[];
-extern const EventRow kDeleteEvents[];
-extern const ActionControlRow kEntryActions[];
-extern const ControlRow kEntryControls[];
-extern const EventRow kEntryEvents[];
-extern const StaticItemRow kNoStatics[];
-void ReadList(WindowHandle, void*);
-void WriteList(WindowHandle, void*);
-void ReadDelete(WindowHandle, void*);
-void WriteDelete(WindowHandle, void*);
-void ReadEntry(WindowHandle, void*);
-void WriteEntry(WindowHandle, void*);
-
-// RT41's window, then RT40's two, as the window table holds them.
-inline constexpr WindowRow kEntryWindowRows[] = {
-    {kEntryProcedureId, 494, kEntryActions, kEntryControls, ReadEntry, WriteEntry, "SD", "A",
-     kEntryEvents, "RT41_PROJECT_ROLE_DATA_ENTRY", 0, 0, kNoStatics, nullptr, kNoStatics, 0},
+inline constexpr u32 kList = 779;
+inline constexpr u32 kListDependants[] = {(782u << 16) | 4, (783u << 16) | 4, (784u << 16) | 4,
+                                          0xFFFF0000u};
+// One column, TYPE_NAME; a row holds its six display bytes and its 33 bytes.
+inline constexpr u32 kRowSize = kDisplayWidth + 33;
+inline constexpr ListColumnRow kListColumns[] = {
+    {9u | (9u << 16), 60u | (9u << 16), 232, 'L', kDisplayWidth, kRowSize, kTypeNameType, 0, 778,
+     {0, 0}},
+    {},
 };
-inline constexpr WindowRow kListWindowRows[] = {
-    {kListProcedureId, 777, kListActions, kListControls, ReadList, WriteList, "SD", "A",
-     kListEvents, "RT40_PROJECT_ROLE_MAIN_LIST", 0, 0, kNoStatics, nullptr, kNoStatics, 0},
-    {kListProcedureId, 769, kDeleteActions, kDeleteControls, ReadDelete, WriteDelete, "DD", "A",
-     kDeleteEvents, kDeleteWindowName, 0, 0, kNoStatics, nullptr, kNoStatics, 0},
+inline constexpr ListDescriptor kListDescriptor = {(kRowSize << 16) | kTagList, kListColumns, 0,
+                                                   ListRowAddress};
+inline constexpr ScrollDescriptor kScrollUp = {kTagScroll, "UP", kList | (1u << 16), 0x41};
+inline constexpr ScrollDescriptor kScrollDown = {kTagScroll, "DOWN", kList | (1u << 16), 0x41};
+inline constexpr const char* kListColumnNames[] = {"EXPORT_LIST.PROJECT_STATION_ROLE.TYPE_NAME",
+                                                   nullptr};
+inline constexpr auto kAddRules = ListRules<kList>::kWithoutRowRules;
+inline constexpr auto kRowRules = ListRules<kList>::kWithRowRules;
+
+inline constexpr ControlDecl kListControls[] = {
+    {.id = kList, .name = "ListBox1", .descriptor = &kListDescriptor,
+     .dependants = kListDependants, .columns = kListColumnNames,
+     .flag = "EXPORT_LIST.RUNTIME_SUPPLIED.SELECT_CHAR",
+     .events = {{{"DoubleClick", RT40_PROJ_ROLE_LB_DOUBLECLICK, nullptr, 'Y'},
+                 {"Click", RT40_PROJ_ROLE_LB_CLICK, nullptr, 'Y'}}}},
+    ScrollButton(780, "PictureButton1", &kScrollUp, "PREV", 1501, RT40_PROJ_ROLE_PB_PREV_CLICK),
+    ScrollButton(781, "PictureButton2", &kScrollDown, "NEXT", 1497, RT40_PROJ_ROLE_PB_NEXT_CLICK),
+    Button(782, "Button1", Click(RT40_PROJ_ROLE_PB_ADD_CLICK), kAddRules),
+    Button(783, "Button2", Click(RT40_PROJ_ROLE_PB_CHANGE_CLICK), kRowRules),
+    Button(784, "Button3", Click(RT40_PROJ_ROLE_PB_DELETE_CLICK), kRowRules),
+    Button(785, "Button4", Click(RT40_PROJ_ROLE_PB_CLOSE_CLICK)),
+    HelpButtonDecl(786, "Button5"),
 };
+inline constexpr WindowDecl kListWindow = DeclareWindow(
+    kListProcedureId, 777, "SD", "RT40_PROJECT_ROLE_MAIN_LIST", kListViews, kListControls);
+
+// ---- RT40A: the row in hand's type name, read-only ----
+
+inline constexpr FieldDescriptor kTypeNameShown = {kTagProtected, &kTypeNameType};
+inline constexpr ControlDecl kDeleteControls[] = {
+    Field(771, "TYPE_NAME1", &kTypeNameShown, 770, "EXPORT_CURRENT.PROJECT_STATION_ROLE.TYPE_NAME"),
+    Button(772, "Button1", Click(RT40A_PB_DELETE_CLICK)),
+    Button(773, "Button2", Click(RT40A_PB_CANCEL_CLICK)),
+    HelpButtonDecl(774, "Button3"),
+};
+inline constexpr WindowDecl kDeleteWindow =
+    DeclareWindow(kListProcedureId, 769, "DD", kDeleteWindowName, kListViews, kDeleteControls);
+
+// ---- RT41: the type name, then the stamp of the last update, read-only ----
+
+inline constexpr FieldDescriptor kTypeNameField = {kTagEntry, &kTypeNameType};
+inline constexpr FieldDescriptor kTimestampShown = {kTagProtected, &kTimestampType};
+inline constexpr FieldDescriptor kUserIdShown = {kTagProtected, &kUserIdType};
+// The type name's Changed event puts the literal "CHANGE" in place.
+inline constexpr ControlDecl kEntryControls[] = {
+    Field(496, "TYPE_NAME1", &kTypeNameField, 495, "EXPORT.PROJECT_STATION_ROLE.TYPE_NAME",
+          {"Changed", RT41_R_CB_N_CHANGED, "CHANGE", 'Y'}),
+    Field(498, "D_LAST_UPDATE_TIMESTAMP1", &kTimestampShown, 497,
+          "EXPORT.PROJECT_STATION_ROLE.D_LAST_UPDATE_TIMESTAMP"),
+    Field(500, "D_USERID_CODE1", &kUserIdShown, 499, "EXPORT.PROJECT_STATION_ROLE.D_USERID_CODE"),
+    Button(501, "Button1", Click(RT41_PB_ACCEPT_CLICK, 'Y')),
+    Button(502, "Button2", Click(RT41_PB_CANCEL_CLICK)),
+    HelpButtonDecl(503, "Button3"),
+};
+inline constexpr WindowDecl kEntryWindow = DeclareWindow(
+    kEntryProcedureId, 494, "SD", "RT41_PROJECT_ROLE_DATA_ENTRY", kEntryViews, kEntryControls);
+
+// ---- The module ----
+
+inline constexpr WindowRow kListWindows[] = {WindowRows<kListWindow>::kRow,
+                                             WindowRows<kDeleteWindow>::kRow};
+inline constexpr WindowRow kEntryWindows[] = {WindowRows<kEntryWindow>::kRow};
+
+inline constexpr head::ProcedureDecl kProcedures[] = {
+    head::DeclareProcedure<kListViews>(RT40_PROJECT_ROLE_MAIN_LIST, sizeof(ListImport),
+                                       sizeof(ListExport), kListTitle, kListWindows,
+                                       {list_flow_state, kListExitRows, kListFlowRows}),
+    head::DeclareProcedure<kEntryViews>(RT41_PROJECT_ROLE_DATA_ENTRY, sizeof(EntryImport),
+                                        sizeof(EntryExport), kEntryTitle, kEntryWindows),
+};
+inline constexpr head::ModuleDecl kModule = head::DeclareModule(kProcedures);
 
 }  // namespace lk::project_station_role
 
