@@ -1,6 +1,7 @@
 // Pieces that the design rows of every module share: the control type of a
 // button's ActionControlRow, the one-word button descriptor, and the
-// ReturnRows of the two ways a linked procedure comes back.
+// ReturnRows of the two ways a linked procedure comes back, and a
+// procedure's single link with its exit, flow and return rows.
 #ifndef WATRIX_FRAME_DESIGN_ROWS_H_
 #define WATRIX_FRAME_DESIGN_ROWS_H_
 
@@ -8,6 +9,7 @@
 
 #include "frame/run_context.h"
 #include "frame/tables.h"
+#include "frame/transport/plan.h"
 
 namespace lk {
 
@@ -52,6 +54,32 @@ struct ListRules {
                                              {0xFFFF, 0xFFFF, 0xFFFF}};
   static constexpr const void* kWithRowRules[] = {&kWithRow, nullptr};
   static constexpr const void* kWithoutRowRules[] = {&kWithoutRow, nullptr};
+};
+
+// A procedure's single link to another procedure: the exit state that takes
+// it, and the flow row with its send and receive over `Flow`. The flow state
+// cell is the host's, zeroed.
+struct LinkDecl {
+  u32 exit_state;
+  u32 flow_id;  // low half 0x00E4
+  u32 target_id;
+  const char* target_name;
+  const ReturnRow* returns;
+  const char* on_mode;
+  const char* on_command;
+  const char* return_mode;
+  const char* return_command;
+};
+
+template <const LinkDecl& L, const FlowBinding& Flow>
+struct SingleLink {
+  static inline u32 state[2];
+  static constexpr ExitRow kExits[] = {{L.exit_state, L.flow_id, 'M'}, {0, 0, 0}};
+  static constexpr FlowRow kFlows[] = {
+      {L.flow_id, "L", L.target_id, L.target_name, Send<Flow>, Receive<Flow>, L.returns,
+       L.on_mode, L.on_command, L.return_mode, L.return_command, 0},
+      {0, nullptr, 0, nullptr, nullptr, nullptr, nullptr, nullptr, nullptr, nullptr, nullptr, 0},
+  };
 };
 
 }  // namespace lk

@@ -27,20 +27,22 @@ inline constexpr char kListTitle[] = "RT40 Project Role Maintenance List";
 inline constexpr char kEntryTitle[] = "RT41 Project Role Data Entry";
 inline constexpr char kDeleteWindowName[] = "RT40A_DELETE_PROJECT_ROLE";
 
-// The dictionaries and the flow (project_station_role_tables.cc).
-extern const ViewRow kListViewRows[];
-extern const GroupRow kListGroupRows[];
-extern const ViewRow kEntryViewRows[];
-extern const GroupRow kEntryGroupRows[];
-extern const ExitRow kListExitRows[];
-extern const FlowRow kListFlowRows[];
-extern u32 list_flow_state[2];
+// The dictionaries, and the flow from the list to the data entry window:
+// the row in hand, SYSTEM_VARIABLE, COMMAND and SUBSCRIPT go; the window's
+// row comes back onto the row in hand.
+inline constexpr ViewNameRow kListViews = {"RT40_PROJECT_ROLE_MAIN_LIST", ListViews::kViewRows,
+                                           ListViews::kGroupRows, kListProcedureId};
+inline constexpr ViewNameRow kEntryViews = {"RT41_PROJECT_ROLE_DATA_ENTRY",
+                                            EntryViews::kViewRows, EntryViews::kGroupRows,
+                                            kEntryProcedureId};
+using ToEntryPairs = patterns::ListToEntryFlow<RoleForms, kEntity>;
+inline constexpr FlowBinding kToEntry = {&kListViews, &kEntryViews, ToEntryPairs::kSend.data(),
+                                         ToEntryPairs::kReceive.data()};
+inline constexpr LinkDecl kLinkToEntry = {EXIT_LINK_RT41, (0x0401u << 16) | 0x00E4,
+                                          kEntryProcedureId, "RT41_PROJECT_ROLE_DATA_ENTRY",
+                                          kReturnsOnReturn, "E", "$#CURR#$", "E", "$#CURR#$"};
+using ToEntry = SingleLink<kLinkToEntry, kToEntry>;
 char* ListRowAddress(void* export_view, int row);
-
-inline constexpr ViewNameRow kListViews = {"RT40_PROJECT_ROLE_MAIN_LIST", kListViewRows,
-                                           kListGroupRows, kListProcedureId};
-inline constexpr ViewNameRow kEntryViews = {"RT41_PROJECT_ROLE_DATA_ENTRY", kEntryViewRows,
-                                            kEntryGroupRows, kEntryProcedureId};
 
 // ---- RT40: the list 779 under the static 778, its scroll buttons ----
 
@@ -120,7 +122,7 @@ inline constexpr WindowRow kEntryWindows[] = {WindowRows<kEntryWindow>::kRow};
 inline constexpr head::ProcedureDecl kProcedures[] = {
     head::DeclareProcedure<kListViews>(RT40_PROJECT_ROLE_MAIN_LIST, sizeof(ListImport),
                                        sizeof(ListExport), kListTitle, kListWindows,
-                                       {list_flow_state, kListExitRows, kListFlowRows}),
+                                       {ToEntry::state, ToEntry::kExits, ToEntry::kFlows}),
     head::DeclareProcedure<kEntryViews>(RT41_PROJECT_ROLE_DATA_ENTRY, sizeof(EntryImport),
                                         sizeof(EntryExport), kEntryTitle, kEntryWindows),
 };

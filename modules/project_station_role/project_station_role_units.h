@@ -26,7 +26,7 @@ constexpr u32 kEntryProcedureId = 491;
 struct RoleList {
   using Forms = RoleForms;
   static const ViewNameRow& Views();
-  static const ViewShape kShape;
+  static constexpr const ViewShape& kShape = ListViews::kShape;
   static constexpr u32 kLinkExit = EXIT_LINK_RT41;
   static constexpr UnitId kBodyId = {"0017499001", "RT40_PROJECT_ROLE_MAIN_LIST"};
   static constexpr UnitId kReadId = {"0000016401", "READ_PROJECT_STN_ROLE_REF_TABLE"};
@@ -39,7 +39,7 @@ using List = patterns::FirstPageList<RoleList>;
 struct RoleEntry {
   using Forms = RoleForms;
   static const ViewNameRow& Views();
-  static const ViewShape kShape;
+  static constexpr const ViewShape& kShape = EntryViews::kShape;
   static constexpr UnitId kBodyId = {"0017499101", "RT41_PROJECT_ROLE_DATA_ENTRY"};
   static constexpr u32 kNotFound = EXIT_PSR_NOT_FOUND;
   static constexpr u32 kDuplicateExit = EXIT_PSR_DUPLICATE;

@@ -16,6 +16,7 @@
 #include "frame/views.h"
 #include "patterns/body_entry.h"
 #include "patterns/first_page_list.h"
+#include "patterns/row_views.h"
 
 namespace lk::project_station_role {
 
@@ -88,10 +89,13 @@ struct RoleForms {
   static constexpr auto kOrgIdColumn = &Group::TSMPSR_ORG_ID;
 };
 
-using ListImport = patterns::FirstPageImport<RoleForms>;
-using ListExport = patterns::FirstPageExport<RoleForms>;
-using EntryImport = patterns::BodyEntryImport<RoleForms>;
-using EntryExport = patterns::BodyEntryExport<RoleForms>;
+inline constexpr patterns::FixedText kEntity = "PROJECT_STATION_ROLE";
+using ListViews = patterns::FirstPageViews<RoleForms, kEntity>;
+using EntryViews = patterns::BodyEntryViews<RoleForms, kEntity>;
+using ListImport = ListViews::Import;
+using ListExport = ListViews::Export;
+using EntryImport = EntryViews::Import;
+using EntryExport = EntryViews::Export;
 
 // Exit states of the module.
 constexpr u32 EXIT_LINK_RT41 = 0x4B001925;           // RT40 -> RT41, add or change
