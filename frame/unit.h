@@ -37,6 +37,16 @@ struct UnitId {
   const char* name;    // at most 32 characters
 };
 
+// A step of a pattern that runs under the identity of the unit that takes
+// it, and the event action that takes `Step` as the unit `Id`: the event
+// actions that only forward to their pattern are this, not functions of
+// their own.
+using PatternStep = void (*)(const UnitId&, HandleA, HandleB, RunContext*, void*, void*);
+template <PatternStep Step, const UnitId& Id>
+void StepAs(HandleA a, HandleB b, RunContext* rc, void* import_view, void* export_view) {
+  Step(Id, a, b, rc, import_view, export_view);
+}
+
 // Where the timestamps of a view lie, so that the initialising step can put
 // the default timestamp in place. `rows` is 0 for a single attribute, else the
 // group's limit (row r at location + r * 21).

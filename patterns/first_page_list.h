@@ -432,6 +432,7 @@ class PageFill {
 //   static constexpr ViewShape kShape   sizes and timestamps for the init step
 //   static constexpr const char* kGroupName   the GroupRow name of the list
 //   static constexpr u32 kLinkExit      the flow to the data entry window
+//   static constexpr const char* kDeleteWindow  the delete dialog's name
 //   static constexpr UnitId kBodyId, kReadId
 //   static constexpr store::StatementDef kReadPrev, kReadNext
 //                          the two cursors, both over PageKey<Row> and into Row
@@ -568,11 +569,11 @@ class FirstPageList {
            [&](Export* out) { Link(rc, out, "CHANGE"); });
   }
 
-  // The Delete button: opens the delete dialog `window`.
-  static void Delete(const UnitId& id, const char* window, HandleA a, HandleB b, RunContext* rc,
-                     void* import_view, void* export_view) {
+  // The Delete button: opens the delete dialog L::kDeleteWindow.
+  static void Delete(const UnitId& id, HandleA a, HandleB b, RunContext* rc, void* import_view,
+                     void* export_view) {
     Action(&delete_unit_, id, a, b, rc, import_view, export_view,
-           [&](Export*) { WindowOpen(a, b, window); });
+           [&](Export*) { WindowOpen(a, b, L::kDeleteWindow); });
   }
 
   static void Close(const UnitId& id, HandleA a, HandleB b, RunContext* rc, void* import_view,

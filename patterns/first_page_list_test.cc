@@ -86,6 +86,7 @@ struct TestList {
   using Forms = TestForms;
   static constexpr ViewShape kShape = {sizeof(Export), kNoStamps, kNoStamps};
   static constexpr u32 kLinkExit = kLink;
+  static constexpr const char* kDeleteWindow = "RTX_DIALOG";
   static constexpr UnitId kBodyId = {"0000000100", "TEST_LIST"};
   static constexpr UnitId kReadId = {"0000000101", "READ_TEST_LIST"};
 };
@@ -424,7 +425,7 @@ TEST_F(FirstPageListTest, ChangeKeepsTheRowInHandAndLinks) {
 
 TEST_F(FirstPageListTest, DeleteOpensTheDialogAndCloseReturns) {
   rc_.run_mode = ' ';
-  List::Delete(kActionId, "RTX_DIALOG", nullptr, &port, &rc_, &in_, &out_);
+  List::Delete(kActionId, nullptr, &port, &rc_, &in_, &out_);
   EXPECT_EQ(std::vector<std::string>({"open RTX_DIALOG"}), calls);
   EXPECT_EQ(EXIT_NONE, rc_.exit_state);
   Run(List::Close);

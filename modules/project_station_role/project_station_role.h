@@ -25,7 +25,6 @@ namespace lk::project_station_role {
 
 inline constexpr char kListTitle[] = "RT40 Project Role Maintenance List";
 inline constexpr char kEntryTitle[] = "RT41 Project Role Data Entry";
-inline constexpr char kDeleteWindowName[] = "RT40A_DELETE_PROJECT_ROLE";
 
 // The dictionaries, and the flow from the list to the data entry window:
 // the row in hand, SYSTEM_VARIABLE, COMMAND and SUBSCRIPT go; the window's
@@ -69,14 +68,14 @@ inline constexpr ControlDecl kListControls[] = {
     {.id = kList, .name = "ListBox1", .descriptor = &kListDescriptor,
      .dependants = kListDependants, .columns = kListColumnNames,
      .flag = "EXPORT_LIST.RUNTIME_SUPPLIED.SELECT_CHAR",
-     .events = {{{"DoubleClick", RT40_PROJ_ROLE_LB_DOUBLECLICK, nullptr, 'Y'},
-                 {"Click", RT40_PROJ_ROLE_LB_CLICK, nullptr, 'Y'}}}},
-    ScrollButton(780, "PictureButton1", &kScrollUp, "PREV", 1501, RT40_PROJ_ROLE_PB_PREV_CLICK),
-    ScrollButton(781, "PictureButton2", &kScrollDown, "NEXT", 1497, RT40_PROJ_ROLE_PB_NEXT_CLICK),
-    Button(782, "Button1", Click(RT40_PROJ_ROLE_PB_ADD_CLICK), kAddRules),
-    Button(783, "Button2", Click(RT40_PROJ_ROLE_PB_CHANGE_CLICK), kRowRules),
-    Button(784, "Button3", Click(RT40_PROJ_ROLE_PB_DELETE_CLICK), kRowRules),
-    Button(785, "Button4", Click(RT40_PROJ_ROLE_PB_CLOSE_CLICK)),
+     .events = {{{"DoubleClick", StepAs<List::DoubleClick, kDoubleClickId>, nullptr, 'Y'},
+                 {"Click", StepAs<List::Click, kClickId>, nullptr, 'Y'}}}},
+    ScrollButton(780, "PictureButton1", &kScrollUp, "PREV", 1501, StepAs<List::Prev, kPrevId>),
+    ScrollButton(781, "PictureButton2", &kScrollDown, "NEXT", 1497, StepAs<List::Next, kNextId>),
+    Button(782, "Button1", Click(StepAs<List::Add, kAddId>), kAddRules),
+    Button(783, "Button2", Click(StepAs<List::Change, kChangeId>), kRowRules),
+    Button(784, "Button3", Click(StepAs<List::Delete, kDeleteId>), kRowRules),
+    Button(785, "Button4", Click(StepAs<List::Close, kCloseId>)),
     HelpButtonDecl(786, "Button5"),
 };
 inline constexpr WindowDecl kListWindow = DeclareWindow(
@@ -102,12 +101,12 @@ inline constexpr FieldDescriptor kUserIdShown = {kTagProtected, &kUserIdType};
 // The type name's Changed event puts the literal "CHANGE" in place.
 inline constexpr ControlDecl kEntryControls[] = {
     Field(496, "TYPE_NAME1", &kTypeNameField, 495, "EXPORT.PROJECT_STATION_ROLE.TYPE_NAME",
-          {"Changed", RT41_R_CB_N_CHANGED, "CHANGE", 'Y'}),
+          {"Changed", StepAs<Entry::Changed, kChangedId>, "CHANGE", 'Y'}),
     Field(498, "D_LAST_UPDATE_TIMESTAMP1", &kTimestampShown, 497,
           "EXPORT.PROJECT_STATION_ROLE.D_LAST_UPDATE_TIMESTAMP"),
     Field(500, "D_USERID_CODE1", &kUserIdShown, 499, "EXPORT.PROJECT_STATION_ROLE.D_USERID_CODE"),
-    Button(501, "Button1", Click(RT41_PB_ACCEPT_CLICK, 'Y')),
-    Button(502, "Button2", Click(RT41_PB_CANCEL_CLICK)),
+    Button(501, "Button1", Click(StepAs<Entry::Accept, kAcceptId>, 'Y')),
+    Button(502, "Button2", Click(StepAs<Entry::Cancel, kCancelId>)),
     HelpButtonDecl(503, "Button3"),
 };
 inline constexpr WindowDecl kEntryWindow = DeclareWindow(

@@ -16,19 +16,8 @@ namespace lk::project_station_role {
 
 namespace {
 
-constexpr UnitId kClickId = {"0017499002", "RT40_PROJ_ROLE_LB_CLICK"};
-constexpr UnitId kDoubleClickId = {"0017499003", "RT40_PROJ_ROLE_LB_DOUBLECLICK"};
-constexpr UnitId kPrevId = {"0017499004", "RT40_PROJ_ROLE_PB_PREV_CLICK"};
-constexpr UnitId kNextId = {"0017499005", "RT40_PROJ_ROLE_PB_NEXT_CLICK"};
-constexpr UnitId kAddId = {"0017499006", "RT40_PROJ_ROLE_PB_ADD_CLICK"};
-constexpr UnitId kChangeId = {"0017499007", "RT40_PROJ_ROLE_PB_CHANGE_CLICK"};
-constexpr UnitId kDeleteId = {"0017499008", "RT40_PROJ_ROLE_PB_DELETE_CLICK"};
-constexpr UnitId kCloseId = {"0017499009", "RT40_PROJ_ROLE_PB_CLOSE_CLICK"};
 constexpr UnitId kDialogDeleteId = {"0017499010", "RT40A_PB_DELETE_CLICK"};
 constexpr UnitId kDialogCancelId = {"0017499011", "RT40A_PB_CANCEL_CLICK"};
-constexpr UnitId kChangedId = {"0017499102", "RT41_R_CB_N_CHANGED"};
-constexpr UnitId kAcceptId = {"0017499103", "RT41_PB_ACCEPT_CLICK"};
-constexpr UnitId kCancelId = {"0017499104", "RT41_PB_CANCEL_CLICK"};
 
 constexpr char kStatement1[] = "0000000001";
 
@@ -81,33 +70,6 @@ void RT41_PROJECT_ROLE_DATA_ENTRY(HandleA a, HandleB b, RunContext* rc, void* in
   Entry::Body(a, b, rc, in, out);
 }
 
-// ---- RT40 ----
-
-void RT40_PROJ_ROLE_LB_CLICK(HandleA a, HandleB b, RunContext* rc, void* in, void* out) {
-  List::Click(kClickId, a, b, rc, in, out);
-}
-void RT40_PROJ_ROLE_LB_DOUBLECLICK(HandleA a, HandleB b, RunContext* rc, void* in, void* out) {
-  List::DoubleClick(kDoubleClickId, a, b, rc, in, out);
-}
-void RT40_PROJ_ROLE_PB_PREV_CLICK(HandleA a, HandleB b, RunContext* rc, void* in, void* out) {
-  List::Prev(kPrevId, a, b, rc, in, out);
-}
-void RT40_PROJ_ROLE_PB_NEXT_CLICK(HandleA a, HandleB b, RunContext* rc, void* in, void* out) {
-  List::Next(kNextId, a, b, rc, in, out);
-}
-void RT40_PROJ_ROLE_PB_ADD_CLICK(HandleA a, HandleB b, RunContext* rc, void* in, void* out) {
-  List::Add(kAddId, a, b, rc, in, out);
-}
-void RT40_PROJ_ROLE_PB_CHANGE_CLICK(HandleA a, HandleB b, RunContext* rc, void* in, void* out) {
-  List::Change(kChangeId, a, b, rc, in, out);
-}
-void RT40_PROJ_ROLE_PB_DELETE_CLICK(HandleA a, HandleB b, RunContext* rc, void* in, void* out) {
-  List::Delete(kDeleteId, kDeleteWindowName, a, b, rc, in, out);
-}
-void RT40_PROJ_ROLE_PB_CLOSE_CLICK(HandleA a, HandleB b, RunContext* rc, void* in, void* out) {
-  List::Close(kCloseId, a, b, rc, in, out);
-}
-
 // ---- RT40A ----
 
 void RT40A_PB_DELETE_CLICK(HandleA a, HandleB b, RunContext* rc, void* in, void* out) {
@@ -130,18 +92,6 @@ void RT40A_PB_CANCEL_CLICK(HandleA a, HandleB b, RunContext* rc, void* in, void*
     patterns::DeleteCancelled(kDeleteDialog, a, b, rc,
                               List::DeleteListOf(static_cast<ListExport*>(out)));
   });
-}
-
-// ---- RT41 ----
-
-void RT41_R_CB_N_CHANGED(HandleA a, HandleB b, RunContext* rc, void* in, void* out) {
-  Entry::Changed(kChangedId, a, b, rc, in, out);
-}
-void RT41_PB_ACCEPT_CLICK(HandleA a, HandleB b, RunContext* rc, void* in, void* out) {
-  Entry::Accept(kAcceptId, a, b, rc, in, out);
-}
-void RT41_PB_CANCEL_CLICK(HandleA a, HandleB b, RunContext* rc, void* in, void* out) {
-  Entry::Cancel(kCancelId, a, b, rc, in, out);
 }
 
 }  // namespace lk::project_station_role

@@ -28,6 +28,7 @@ struct RoleList {
   static const ViewNameRow& Views();
   static constexpr const ViewShape& kShape = ListViews::kShape;
   static constexpr u32 kLinkExit = EXIT_LINK_RT41;
+  static constexpr const char* kDeleteWindow = kDeleteWindowName;
   static constexpr UnitId kBodyId = {"0017499001", "RT40_PROJECT_ROLE_MAIN_LIST"};
   static constexpr UnitId kReadId = {"0000016401", "READ_PROJECT_STN_ROLE_REF_TABLE"};
   static const store::StatementDef kReadPrev;
@@ -60,24 +61,22 @@ using Entry = patterns::BodyEntry<RoleEntry>;
 void RT40_PROJECT_ROLE_MAIN_LIST(HandleA, HandleB, RunContext*, void*, void*);
 void RT41_PROJECT_ROLE_DATA_ENTRY(HandleA, HandleB, RunContext*, void*, void*);
 
-// Event actions of RT40.
-void RT40_PROJ_ROLE_LB_CLICK(HandleA, HandleB, RunContext*, void*, void*);
-void RT40_PROJ_ROLE_LB_DOUBLECLICK(HandleA, HandleB, RunContext*, void*, void*);
-void RT40_PROJ_ROLE_PB_PREV_CLICK(HandleA, HandleB, RunContext*, void*, void*);
-void RT40_PROJ_ROLE_PB_NEXT_CLICK(HandleA, HandleB, RunContext*, void*, void*);
-void RT40_PROJ_ROLE_PB_ADD_CLICK(HandleA, HandleB, RunContext*, void*, void*);
-void RT40_PROJ_ROLE_PB_CHANGE_CLICK(HandleA, HandleB, RunContext*, void*, void*);
-void RT40_PROJ_ROLE_PB_DELETE_CLICK(HandleA, HandleB, RunContext*, void*, void*);
-void RT40_PROJ_ROLE_PB_CLOSE_CLICK(HandleA, HandleB, RunContext*, void*, void*);
+// The event actions that are the pattern's steps under their own names.
+inline constexpr UnitId kClickId = {"0017499002", "RT40_PROJ_ROLE_LB_CLICK"};
+inline constexpr UnitId kDoubleClickId = {"0017499003", "RT40_PROJ_ROLE_LB_DOUBLECLICK"};
+inline constexpr UnitId kPrevId = {"0017499004", "RT40_PROJ_ROLE_PB_PREV_CLICK"};
+inline constexpr UnitId kNextId = {"0017499005", "RT40_PROJ_ROLE_PB_NEXT_CLICK"};
+inline constexpr UnitId kAddId = {"0017499006", "RT40_PROJ_ROLE_PB_ADD_CLICK"};
+inline constexpr UnitId kChangeId = {"0017499007", "RT40_PROJ_ROLE_PB_CHANGE_CLICK"};
+inline constexpr UnitId kDeleteId = {"0017499008", "RT40_PROJ_ROLE_PB_DELETE_CLICK"};
+inline constexpr UnitId kCloseId = {"0017499009", "RT40_PROJ_ROLE_PB_CLOSE_CLICK"};
+inline constexpr UnitId kChangedId = {"0017499102", "RT41_R_CB_N_CHANGED"};
+inline constexpr UnitId kAcceptId = {"0017499103", "RT41_PB_ACCEPT_CLICK"};
+inline constexpr UnitId kCancelId = {"0017499104", "RT41_PB_CANCEL_CLICK"};
 
-// Event actions of the dialog RT40A.
+// Event actions of the dialog RT40A: the module's own.
 void RT40A_PB_DELETE_CLICK(HandleA, HandleB, RunContext*, void*, void*);
 void RT40A_PB_CANCEL_CLICK(HandleA, HandleB, RunContext*, void*, void*);
-
-// Event actions of RT41.
-void RT41_R_CB_N_CHANGED(HandleA, HandleB, RunContext*, void*, void*);
-void RT41_PB_ACCEPT_CLICK(HandleA, HandleB, RunContext*, void*, void*);
-void RT41_PB_CANCEL_CLICK(HandleA, HandleB, RunContext*, void*, void*);
 
 }  // namespace lk::project_station_role
 

@@ -89,6 +89,7 @@ struct RoleForms {
   static constexpr auto kOrgIdColumn = &Group::TSMPSR_ORG_ID;
 };
 
+inline constexpr char kDeleteWindowName[] = "RT40A_DELETE_PROJECT_ROLE";
 inline constexpr patterns::FixedText kEntity = "PROJECT_STATION_ROLE";
 using ListViews = patterns::FirstPageViews<RoleForms, kEntity>;
 using EntryViews = patterns::BodyEntryViews<RoleForms, kEntity>;
