@@ -5,6 +5,7 @@
 #include <cstdio>
 #include <cstring>
 
+#include "services/text.h"
 #include "store/cascade_step.h"
 
 namespace lk::store {
@@ -157,6 +158,25 @@ void CallDisassociation(HandleA a, HandleB b, RunContext* rc, CascadeRecord* rec
   F3020987(a, b, rc, record, procedure, equipment);
   if (!StatusBlank(*rc)) EntityFailed(entity_status);
   StoreUnitId(rc, unit);
+}
+
+void RemoveCurrentRow(Block& block, HandleA a, HandleB b, RunContext* rc, EntityState* state,
+                      CascadeRecord* record, DeleteEntry entry, double is_number,
+                      const char* org_id, const char* statement, CascadeSteps steps,
+                      const UnitId& unit) {
+  SetState(state->verb, "DL");
+  if (StateIs(state->currency, "DU")) {
+    SetState(state->status, "DU");
+    FailOnStatus(block, *state);
+  }
+  std::memcpy(rc->status, "  ", 3);
+  SetState(state->currency, "DU");
+  SetState(state->lock, "UL");
+  IsNumberKey key{};
+  key.is_number = is_number;
+  TextMove(key.org_id, org_id, sizeof key.org_id);
+  if (statement != nullptr) rc->statement = statement;
+  RemoveThroughCascade(a, b, rc, record, entry, &key, state->status, steps, unit);
 }
 
 }  // namespace lk::store

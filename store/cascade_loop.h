@@ -18,6 +18,8 @@
 #include "frame/run_context.h"
 #include "frame/unit.h"
 #include "store/cascade.h"
+#include "store/entity_state.h"
+#include "store/statement.h"
 
 namespace lk::store {
 
@@ -68,6 +70,16 @@ void RunCascadeLoop(HandleA a, HandleB b, RunContext* rc, CascadeRecord* record,
 void RemoveThroughCascade(HandleA a, HandleB b, RunContext* rc, CascadeRecord* record,
                           DeleteEntry entry, const void* key, char* entity_status,
                           CascadeSteps steps, const UnitId& unit);
+
+// The delete of the row that the block's select has just made current, keyed
+// by its IS number and ORG ID: verb "DL"; a row whose currency is already
+// "DU" is a fatal stop with status "DU"; then the status blank, currency
+// "DU", lock "UL", `statement` (when not null) put in place, and the entry
+// through RemoveThroughCascade with `state.status` as the entity status.
+void RemoveCurrentRow(Block& block, HandleA a, HandleB b, RunContext* rc, EntityState* state,
+                      CascadeRecord* record, DeleteEntry entry, double is_number,
+                      const char* org_id, const char* statement, CascadeSteps steps,
+                      const UnitId& unit);
 
 // The disassociation of a procedure from its equipment (verb "DA"): blanks
 // the status, sets all five cascade flags 'Y', readies the record (first

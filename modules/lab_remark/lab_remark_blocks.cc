@@ -333,20 +333,9 @@ void REMOVE_LAB_REMARK_1265369753(HandleA a, HandleB b, RunContext* rc, const Re
     if (!StateIs(remove_state.status, "OK")) store::FailOnStatus(block, remove_state);
 
     // No reference check: a remark code is not guarded against use.
-    store::SetState(remove_state.verb, "DL");
-    if (StateIs(remove_state.currency, "DU")) {
-      store::SetState(remove_state.status, "DU");
-      store::FailOnStatus(block, remove_state);
-    }
-    std::memcpy(rc->status, "  ", 3);
-    store::SetState(remove_state.currency, "DU");
-    store::SetState(remove_state.lock, "UL");
-    store::IsNumberKey cascade_key{};
-    cascade_key.is_number = remove_row.TSRLBRMK_IS_NUMBER;
-    TextMove(cascade_key.org_id, remove_row.TSRLBRMK_ORG_ID, kOrgId);
-    rc->statement = kRemoveCascade;
-    store::RemoveThroughCascade(a, b, rc, &remove_record, store::E2738301, &cascade_key,
-                                remove_state.status, {}, kRemoveId);
+    store::RemoveCurrentRow(block, a, b, rc, &remove_state, &remove_record, store::E2738301,
+                            remove_row.TSRLBRMK_IS_NUMBER, remove_row.TSRLBRMK_ORG_ID,
+                            kRemoveCascade, {}, kRemoveId);
   });
 }
 

@@ -249,20 +249,9 @@ void REMOVE_PROJECT_STATION_ROLE(HandleA a, HandleB b, RunContext* rc, const Rol
       return;
     }
     if (!store::StateIs(remove_state.status, "OK")) store::FailOnStatus(block, remove_state);
-    // The delete's guard: a row the select did not make current is fatal.
-    store::SetState(remove_state.verb, "DL");
-    if (store::StateIs(remove_state.currency, "DU")) {
-      store::SetState(remove_state.status, "DU");
-      store::FailOnStatus(block, remove_state);
-    }
-    std::memcpy(rc->status, "  ", 3);
-    store::SetState(remove_state.currency, "DU");
-    store::SetState(remove_state.lock, "UL");
-    store::IsNumberKey cascade_key{};
-    cascade_key.is_number = patterns::GetNumber(entity.TSMPSR_IS_NUMBER);
-    TextMove(cascade_key.org_id, entity.TSMPSR_ORG_ID, sizeof cascade_key.org_id);
-    store::RemoveThroughCascade(a, b, rc, &remove_record, store::E4348087, &cascade_key,
-                                remove_state.status, {}, kRemoveId);
+    store::RemoveCurrentRow(block, a, b, rc, &remove_state, &remove_record, store::E4348087,
+                            patterns::GetNumber(entity.TSMPSR_IS_NUMBER), entity.TSMPSR_ORG_ID,
+                            nullptr, {}, kRemoveId);
   });
 }
 
