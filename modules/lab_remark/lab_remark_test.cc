@@ -3,26 +3,14 @@
 // window RT51, reached from the menu and driven by the events a person's
 // clicks and typing send. After each story the table is read back directly,
 // so that the database holds what the windows say and nothing more.
-#include <algorithm>
 #include <cstdio>
-#include <cstdlib>
-#include <memory>
-#include <sstream>
 #include <string>
 #include <vector>
 
 #include <gtest/gtest.h>
 #include <nlohmann/json.hpp>
 
-#include "host/modules.h"
-#include "host/screen_testing.h"
-#include "host/session.h"
-#include "store/csv.h"
-#include "store/database.h"
-#include "store/schema.h"
-#include "store/soci.h"
-#include "store/store_port.h"
-#include "store/test_database.h"
+#include "modules/testing/module_fixture.h"
 
 namespace watrix {
 namespace {
@@ -44,12 +32,6 @@ constexpr char kRequired[] = "E: An entry must be made in this field.";
 constexpr char kInternal[] =
     "E: An internal system error has occurred.  Contact system administrator.";
 
-Modules* TheModules() {
-  static Modules* modules = new Modules(
-      std::getenv("WATRIX_BUILD") != nullptr ? std::getenv("WATRIX_BUILD") : ".", "LKBASE");
-  return modules;
-}
-
 // One row of the list as the screen shows it.
 struct Shown {
   int row;
@@ -58,122 +40,33 @@ struct Shown {
   bool selected;
 };
 
-class LabRemarkTest : public lk::store::testing::BackendTest {
+class LabRemarkTest : public testing::ModuleTest {
  protected:
   void SetUp() override {
-    BackendTest::SetUp();
+    ModuleTest::SetUp();
     if (HasFatalFailure()) return;
-    lk::store::CreateSchema(connection());
-    StartSession("JSMITH", "ORG1");
+    SetClock(2024, 1, 15, 9, 30, 0);
+    Start("JSMITH", "ORG1");
   }
 
-  void StartSession(const std::string& user, const std::string& org) {
-    std::string error;
-    std::unique_ptr<lk::store::Database> db = lk::store::Database::Open(url(), &error);
-    ASSERT_NE(nullptr, db) << error;
-    session_ = std::make_unique<Session>(
-        TheModules(), std::make_unique<lk::store::SociStore>(std::move(db)),
-        [this](std::int32_t* date, std::int32_t* time, char* text) {
-          *date = std::stoi(now_.substr(0, 8));
-          *time = std::stoi(now_.substr(8));
-          std::snprintf(text, 21, "%s000000", now_.c_str());
-        });
-    ASSERT_EQ("", session_->Start(user, org, StartRequest{}));
-  }
-
-  // ---- Events ----
-
-  Reply Send(const std::string& window, const json& control, const std::string& event = "Click",
-             const json& values = nullptr, int row = 0) {
-    json e = {{"window", window}, {"control", control}, {"event", event}};
-    if (!values.is_null()) e["values"] = values;
-    if (row != 0) e["row"] = row;
-    return session_->Event(e);
-  }
-  // Sends and expects the event to be taken.
-  void Do(const std::string& window, const json& control, const std::string& event = "Click",
-          const json& values = nullptr, int row = 0) {
-    const Reply r = Send(window, control, event, values, row);
-    ASSERT_EQ(200, r.status) << r.body.dump();
-    ASSERT_TRUE(r.body["failure"].is_null()) << r.body["failure"].dump();
-  }
-  void OpenList() { Do(kMenu, "Lab &Remark"); }
-  void ClickRow(int row) { Do(kList, "ListBox1", "Click", nullptr, row); }
-  // A person's double click: Click, then DoubleClick.
-  void DoubleClickRow(int row) {
-    ClickRow(row);
-    Do(kList, "ListBox1", "DoubleClick", nullptr, row);
-  }
+  void OpenList() { Ok(Click(kMenu, "Lab &Remark")); }
   void Add(const std::string& short_name, const std::string& description) {
-    Do(kList, "&Add");
-    Do(kEntry, "Accep&t", "Click",
-       {{"SHORT_NAME", short_name}, {"DESCRIPTION_TEXT", description}});
+    Ok(Click(kList, "&Add"));
+    Ok(Click(kEntry, "Accep&t", {{"SHORT_NAME", short_name}, {"DESCRIPTION_TEXT", description}}));
   }
 
-  // ---- The screen ----
-
-  json Screen() { return session_->Screen(); }
-  std::vector<std::string> Windows() { return testing::WindowNames(Screen()); }
-  std::string Message() { return testing::MessageText(Screen()); }
-  json Control(const std::string& name) {
-    const json screen = Screen();
-    for (const auto& c : screen["windows"].back()["controls"])
-      if (c["name"] == name) return c;
-    ADD_FAILURE() << "no control " << name;
-    return nullptr;
-  }
-  bool Enabled(const std::string& name) { return Control(name)["enabled"].get<bool>(); }
-  std::string Value(const std::string& name) { return Control(name)["value"]; }
   std::vector<Shown> Rows() {
     std::vector<Shown> rows;
-    const json list = Control("ListBox1");
-    for (const auto& r : list["rows"])
-      rows.push_back({r["row"], r["cells"][0], r["cells"][1], r["selected"]});
+    for (const testing::ListRow& r : ListRows(kList))
+      rows.push_back({r.row, r.cells.at(0), r.cells.at(1), r.selected});
     return rows;
   }
-  std::vector<std::string> ShortNames() {
-    std::vector<std::string> names;
-    for (const Shown& s : Rows()) names.push_back(s.short_name);
-    return names;
-  }
-  std::vector<int> Selected() {
-    std::vector<int> rows;
-    for (const Shown& s : Rows())
-      if (s.selected) rows.push_back(s.row);
-    return rows;
-  }
+  std::vector<std::string> ShortNames() { return Column(kList, 0); }
 
-  // ---- The database, directly ----
-
-  void Load(const std::string& table, const std::string& header, const std::string& rows) {
-    std::istringstream in(header + rows);
-    std::string error;
-    ASSERT_TRUE(lk::store::LoadCsv(connection(), table, in, 0, nullptr, nullptr, &error))
-        << error;
-  }
-  void LoadRemarks(const std::string& rows) { Load("TSRLBRMK", kHeader, rows); }
-  std::string Dump(const std::string& table) {
-    std::ostringstream out;
-    std::string error;
-    EXPECT_TRUE(lk::store::DumpCsv(connection(), table, out, &error)) << error;
-    return out.str();
-  }
+  void LoadRemarks(const std::string& rows) { Load("TSRLBRMK", kHeader + rows); }
+  void LoadCounters(const std::string& rows) { Load("TSMEISN", kCounterHeader + rows); }
   // The rows of TSRLBRMK after the header, in key order.
   std::string Remarks() { return Dump("TSRLBRMK").substr(sizeof kHeader - 1); }
-  std::size_t RemarkCount() {
-    const std::string rows = Remarks();
-    return static_cast<std::size_t>(std::count(rows.begin(), rows.end(), '\n'));
-  }
-  double Counter(const std::string& org) {
-    double n = -1;
-    sql() << "SELECT IS_NUMBER FROM TSMEISN WHERE TSMEISN_NAME = 'TSRLBRMK' AND "
-             "TSMEISN_ORG_ID = :o",
-        soci::use(org), soci::into(n);
-    return n;
-  }
-
-  std::string now_ = "20240115093000";
-  std::unique_ptr<Session> session_;
 };
 
 // Three remarks of two organisations.
@@ -200,27 +93,27 @@ TEST_P(LabRemarkTest, TheMenuOpensTheListOfEveryOrganisationsRemarks) {
   EXPECT_EQ("RT50 Lab Remark Maintenance List", w["title"]);
   EXPECT_EQ(316, w["width"]);
   EXPECT_EQ(200, w["height"]);
-  const json list = Control("ListBox1");
+  const json list = Control(kList, "ListBox1");
   EXPECT_EQ("Short Name", list["columns"][0]["heading"]);
   EXPECT_EQ("Description", list["columns"][1]["heading"]);
   ASSERT_EQ(3u, Rows().size());
   EXPECT_EQ((std::vector<std::string>{"A", "B", "C"}), ShortNames());
   EXPECT_EQ("Below detection limit", Rows()[1].description);
-  EXPECT_TRUE(Selected().empty());
+  EXPECT_TRUE(Selected(kList).empty());
   EXPECT_EQ("", Message());
   // Add is offered with no row selected; Change and Delete are not.
-  EXPECT_TRUE(Enabled("Button1"));
-  EXPECT_FALSE(Enabled("Button2"));
-  EXPECT_FALSE(Enabled("Button3"));
-  EXPECT_STREQ("RT50_LAB_REMARK_MAINT_LIST_OPEN", session_->run_context().unit_name);
+  EXPECT_TRUE(Enabled(kList, "Button1"));
+  EXPECT_FALSE(Enabled(kList, "Button2"));
+  EXPECT_FALSE(Enabled(kList, "Button3"));
+  EXPECT_STREQ("RT50_LAB_REMARK_MAINT_LIST_OPEN", session().run_context().unit_name);
 }
 
 TEST_P(LabRemarkTest, AnEmptyTableShowsAnEmptyList) {
   OpenList();
   EXPECT_TRUE(Rows().empty());
-  EXPECT_TRUE(Enabled("Button1"));
-  EXPECT_FALSE(Enabled("Button2"));
-  EXPECT_FALSE(Enabled("Button3"));
+  EXPECT_TRUE(Enabled(kList, "Button1"));
+  EXPECT_FALSE(Enabled(kList, "Button2"));
+  EXPECT_FALSE(Enabled(kList, "Button3"));
 }
 
 TEST_P(LabRemarkTest, TheRangeRunsFromOneToSixZsInclusive) {
@@ -258,32 +151,32 @@ TEST_P(LabRemarkTest, MoreThan2000RemarksStopAt2000WithoutAWord) {
 TEST_P(LabRemarkTest, AClickSelectsASecondClickReleasesAnotherRowTakesOver) {
   LoadRemarks(kFive);
   OpenList();
-  ClickRow(2);
-  EXPECT_EQ((std::vector<int>{2}), Selected());
-  EXPECT_FALSE(Enabled("Button1"));
-  EXPECT_TRUE(Enabled("Button2"));
-  EXPECT_TRUE(Enabled("Button3"));
+  Ok(ClickRow(kList, 2));
+  EXPECT_EQ((std::vector<int>{2}), Selected(kList));
+  EXPECT_FALSE(Enabled(kList, "Button1"));
+  EXPECT_TRUE(Enabled(kList, "Button2"));
+  EXPECT_TRUE(Enabled(kList, "Button3"));
   // The same row again: released.
-  ClickRow(2);
-  EXPECT_TRUE(Selected().empty());
-  EXPECT_TRUE(Enabled("Button1"));
-  EXPECT_FALSE(Enabled("Button2"));
+  Ok(ClickRow(kList, 2));
+  EXPECT_TRUE(Selected(kList).empty());
+  EXPECT_TRUE(Enabled(kList, "Button1"));
+  EXPECT_FALSE(Enabled(kList, "Button2"));
   // One row, then another: the selection moves.
-  ClickRow(1);
-  ClickRow(4);
-  EXPECT_EQ((std::vector<int>{4}), Selected());
+  Ok(ClickRow(kList, 1));
+  Ok(ClickRow(kList, 4));
+  EXPECT_EQ((std::vector<int>{4}), Selected(kList));
   // The row in hand is the one selected last: Change opens it.
-  Do(kList, "&Change");
+  Ok(Click(kList, "&Change"));
   EXPECT_EQ((std::vector<std::string>{kEntry}), Windows());
-  EXPECT_EQ("D", Value("SHORT_NAME1"));
-  EXPECT_EQ("Delta", Value("DESCRIPTION_TEXT1"));
+  EXPECT_EQ("D", Value(kEntry, "SHORT_NAME1"));
+  EXPECT_EQ("Delta", Value(kEntry, "DESCRIPTION_TEXT1"));
 }
 
 TEST_P(LabRemarkTest, CloseReturnsToTheMenu) {
   OpenList();
-  Do(kList, "C&lose");
+  Ok(Click(kList, "C&lose"));
   EXPECT_EQ((std::vector<std::string>{kMenu}), Windows());
-  EXPECT_FALSE(session_->ended());
+  EXPECT_FALSE(session().ended());
   // The menu goes on working.
   OpenList();
   EXPECT_EQ((std::vector<std::string>{kList}), Windows());
@@ -293,64 +186,64 @@ TEST_P(LabRemarkTest, CloseReturnsToTheMenu) {
 
 TEST_P(LabRemarkTest, AddTakesANewIsNumberAndStampsUserAndTime) {
   LoadRemarks(kThree);
-  Load("TSMEISN", kCounterHeader, "TSRLBRMK,ORG1,41,LOADER,2023-05-01 10:00:00\n");
+  LoadCounters("TSRLBRMK,ORG1,41,LOADER,2023-05-01 10:00:00\n");
   OpenList();
-  Do(kList, "&Add");
+  Ok(Click(kList, "&Add"));
   EXPECT_EQ((std::vector<std::string>{kEntry}), Windows());
   const json w = Screen()["windows"][0];
   EXPECT_EQ("RT51 Lab Remark Data Entry", w["title"]);
   EXPECT_EQ(201, w["height"]);
-  EXPECT_EQ("", Value("TSRLBRMK_IS_NUMBER1"));
-  EXPECT_EQ("", Value("SHORT_NAME1"));
-  EXPECT_EQ("", Value("DESCRIPTION_TEXT1"));
-  EXPECT_EQ("IS Number", Control("TSRLBRMK_IS_NUMBER1")["label"]);
-  EXPECT_EQ("Updated By", Control("D_USERID_CODE1")["label"]);
-  EXPECT_EQ("Date of Last Update", Control("D_LAST_UPDATE_TIMESTAMP1")["label"]);
-  EXPECT_EQ(true, Control("D_USERID_CODE1")["protected"]);
+  EXPECT_EQ("", Value(kEntry, "TSRLBRMK_IS_NUMBER1"));
+  EXPECT_EQ("", Value(kEntry, "SHORT_NAME1"));
+  EXPECT_EQ("", Value(kEntry, "DESCRIPTION_TEXT1"));
+  EXPECT_EQ("IS Number", Control(kEntry, "TSRLBRMK_IS_NUMBER1")["label"]);
+  EXPECT_EQ("Updated By", Control(kEntry, "D_USERID_CODE1")["label"]);
+  EXPECT_EQ("Date of Last Update", Control(kEntry, "D_LAST_UPDATE_TIMESTAMP1")["label"]);
+  EXPECT_EQ(true, Control(kEntry, "D_USERID_CODE1")["protected"]);
 
-  now_ = "20240116121314";
-  Do(kEntry, "Accep&t", "Click", {{"SHORT_NAME", "J"}, {"DESCRIPTION_TEXT", "Judged value"}});
+  SetClock(2024, 1, 16, 12, 13, 14);
+  Ok(Click(kEntry, "Accep&t", {{"SHORT_NAME", "J"}, {"DESCRIPTION_TEXT", "Judged value"}}));
   // Back on the list, which is read again with the new row selected.
   EXPECT_EQ((std::vector<std::string>{kList}), Windows());
   EXPECT_EQ("", Message());
   EXPECT_EQ((std::vector<std::string>{"A", "B", "C", "J"}), ShortNames());
-  EXPECT_EQ((std::vector<int>{4}), Selected());
+  EXPECT_EQ((std::vector<int>{4}), Selected(kList));
   // The national organisation, the counter of the run's organisation.
   EXPECT_EQ(std::string(kThree) + "42,ZZZZZZZZ,J,Judged value,JSMITH,2024-01-16 12:13:14\n",
             Remarks());
-  EXPECT_EQ(42, Counter("ORG1"));
+  EXPECT_EQ(42, Counter("TSRLBRMK", "ORG1"));
 }
 
 TEST_P(LabRemarkTest, TheFirstRemarkEverGetsNumberOne) {
   OpenList();
   Add("1", "First");
   EXPECT_EQ("1,ZZZZZZZZ,1,First,JSMITH,2024-01-15 09:30:00\n", Remarks());
-  EXPECT_EQ(1, Counter("ORG1"));
-  EXPECT_EQ((std::vector<int>{1}), Selected());
+  EXPECT_EQ(1, Counter("TSRLBRMK", "ORG1"));
+  EXPECT_EQ((std::vector<int>{1}), Selected(kList));
 }
 
 TEST_P(LabRemarkTest, RequiredFieldsAreMarkedOneAtATimeInWindowOrder) {
   OpenList();
-  Do(kList, "&Add");
+  Ok(Click(kList, "&Add"));
   // Both blank: only the short name is marked.
-  Do(kEntry, "Accep&t", "Click", {{"SHORT_NAME", ""}, {"DESCRIPTION_TEXT", " "}});
+  Ok(Click(kEntry, "Accep&t", {{"SHORT_NAME", ""}, {"DESCRIPTION_TEXT", " "}}));
   EXPECT_EQ((std::vector<std::string>{kEntry}), Windows());
   EXPECT_EQ(kRequired, Message());
-  EXPECT_EQ("10    ", Control("SHORT_NAME1")["display"]);
-  EXPECT_EQ(true, Control("SHORT_NAME1")["error"]);
-  EXPECT_EQ(false, Control("DESCRIPTION_TEXT1")["error"]);
+  EXPECT_EQ("10    ", Control(kEntry, "SHORT_NAME1")["display"]);
+  EXPECT_EQ(true, Control(kEntry, "SHORT_NAME1")["error"]);
+  EXPECT_EQ(false, Control(kEntry, "DESCRIPTION_TEXT1")["error"]);
   // Corrected, the field keeps its mark until the next Accept tests it.
-  Do(kEntry, "SHORT_NAME", "Changed", {{"SHORT_NAME", "Q"}});
-  EXPECT_EQ("10    ", Control("SHORT_NAME1")["display"]);
-  EXPECT_EQ("Q", Value("SHORT_NAME1"));
+  Ok(Type(kEntry, "SHORT_NAME", {{"SHORT_NAME", "Q"}}));
+  EXPECT_EQ("10    ", Control(kEntry, "SHORT_NAME1")["display"]);
+  EXPECT_EQ("Q", Value(kEntry, "SHORT_NAME1"));
   // The short name given: now the description is marked, the short name
   // plain again.
-  Do(kEntry, "Accep&t");
+  Ok(Click(kEntry, "Accep&t"));
   EXPECT_EQ(kRequired, Message());
-  EXPECT_EQ("3a    ", Control("SHORT_NAME1")["display"]);
-  EXPECT_EQ(true, Control("DESCRIPTION_TEXT1")["error"]);
+  EXPECT_EQ("3a    ", Control(kEntry, "SHORT_NAME1")["display"]);
+  EXPECT_EQ(true, Control(kEntry, "DESCRIPTION_TEXT1")["error"]);
   EXPECT_EQ("", Remarks());
-  Do(kEntry, "Accep&t", "Click", {{"DESCRIPTION_TEXT", "Questionable"}});
+  Ok(Click(kEntry, "Accep&t", {{"DESCRIPTION_TEXT", "Questionable"}}));
   EXPECT_EQ((std::vector<std::string>{kList}), Windows());
   EXPECT_EQ("1,ZZZZZZZZ,Q,Questionable,JSMITH,2024-01-15 09:30:00\n", Remarks());
 }
@@ -358,15 +251,15 @@ TEST_P(LabRemarkTest, RequiredFieldsAreMarkedOneAtATimeInWindowOrder) {
 TEST_P(LabRemarkTest, AShortNameInUseInAnyOrganisationIsRefused) {
   LoadRemarks(kThree);
   OpenList();
-  Do(kList, "&Add");
-  Do(kEntry, "Accep&t", "Click", {{"SHORT_NAME", "B"}, {"DESCRIPTION_TEXT", "Another B"}});
+  Ok(Click(kList, "&Add"));
+  Ok(Click(kEntry, "Accep&t", {{"SHORT_NAME", "B"}, {"DESCRIPTION_TEXT", "Another B"}}));
   EXPECT_EQ((std::vector<std::string>{kEntry}), Windows());
   EXPECT_EQ(kDuplicate, Message());
   // The window says so in words; the field is not marked.
-  EXPECT_EQ(false, Control("SHORT_NAME1")["error"]);
-  EXPECT_EQ("Another B", Value("DESCRIPTION_TEXT1"));
+  EXPECT_EQ(false, Control(kEntry, "SHORT_NAME1")["error"]);
+  EXPECT_EQ("Another B", Value(kEntry, "DESCRIPTION_TEXT1"));
   EXPECT_EQ(kThree, Remarks());
-  EXPECT_EQ(-1, Counter("ORG1"));
+  EXPECT_EQ(-1, Counter("TSRLBRMK", "ORG1"));
 }
 
 TEST_P(LabRemarkTest, ARefusedInsertIsTheInternalErrorAndRollsBackTheNumber) {
@@ -374,25 +267,25 @@ TEST_P(LabRemarkTest, ARefusedInsertIsTheInternalErrorAndRollsBackTheNumber) {
   // the insert meets the key, and the number taken goes back with the
   // rollback.
   LoadRemarks(kThree);
-  Load("TSMEISN", kCounterHeader, "TSRLBRMK,ORG1,10,LOADER,2023-05-01 10:00:00\n");
+  LoadCounters("TSRLBRMK,ORG1,10,LOADER,2023-05-01 10:00:00\n");
   LoadRemarks("12,ZZZZZZZZ,H,Holder of twelve,LOADER,2023-05-01 10:00:00\n");
   OpenList();
-  Do(kList, "&Add");
-  Do(kEntry, "Accep&t", "Click", {{"SHORT_NAME", "K"}, {"DESCRIPTION_TEXT", "Kept"}});
+  Ok(Click(kList, "&Add"));
+  Ok(Click(kEntry, "Accep&t", {{"SHORT_NAME", "K"}, {"DESCRIPTION_TEXT", "Kept"}}));
   // 11 is free: the first Add goes through.
   ASSERT_EQ((std::vector<std::string>{kList}), Windows());
-  EXPECT_EQ(11, Counter("ORG1"));
-  ClickRow(Selected().at(0));  // release the new row so that Add is offered
-  Do(kList, "&Add");
-  Do(kEntry, "Accep&t", "Click", {{"SHORT_NAME", "L"}, {"DESCRIPTION_TEXT", "Lost"}});
+  EXPECT_EQ(11, Counter("TSRLBRMK", "ORG1"));
+  Ok(ClickRow(kList, Selected(kList).at(0)));  // release the new row so that Add is offered
+  Ok(Click(kList, "&Add"));
+  Ok(Click(kEntry, "Accep&t", {{"SHORT_NAME", "L"}, {"DESCRIPTION_TEXT", "Lost"}}));
   EXPECT_EQ((std::vector<std::string>{kEntry}), Windows());
   EXPECT_EQ(kInternal, Message());
-  EXPECT_EQ(11, Counter("ORG1"));
+  EXPECT_EQ(11, Counter("TSRLBRMK", "ORG1"));
   EXPECT_EQ(std::string::npos, Remarks().find(",L,Lost,"));
   EXPECT_NE(std::string::npos, Remarks().find("11,ZZZZZZZZ,K,Kept,JSMITH,"));
-  EXPECT_EQ(5u, RemarkCount());
+  EXPECT_EQ(5, Count("TSRLBRMK"));
   // Cancel after the failed Accept reloads the list as usual.
-  Do(kEntry, "Cance&l");
+  Ok(Click(kEntry, "Cance&l"));
   EXPECT_EQ((std::vector<std::string>{kList}), Windows());
   EXPECT_EQ((std::vector<std::string>{"A", "B", "C", "H", "K"}), ShortNames());
 }
@@ -400,14 +293,14 @@ TEST_P(LabRemarkTest, ARefusedInsertIsTheInternalErrorAndRollsBackTheNumber) {
 TEST_P(LabRemarkTest, AReturnByCancelReloadsTheList) {
   LoadRemarks(kThree);
   OpenList();
-  Do(kList, "&Add");
+  Ok(Click(kList, "&Add"));
   // Someone else adds a remark meanwhile.
   LoadRemarks("20,ORG3,AA,Added elsewhere,OTHER,2023-05-01 10:00:00\n");
-  Do(kEntry, "Cance&l");
+  Ok(Click(kEntry, "Cance&l"));
   EXPECT_EQ((std::vector<std::string>{kList}), Windows());
   EXPECT_EQ((std::vector<std::string>{"A", "AA", "B", "C"}), ShortNames());
-  EXPECT_TRUE(Selected().empty());
-  EXPECT_STREQ("RT50_LAB_REMARK_MAINT_LIST", session_->run_context().unit_name);
+  EXPECT_TRUE(Selected(kList).empty());
+  EXPECT_STREQ("RT50_LAB_REMARK_MAINT_LIST", session().run_context().unit_name);
 }
 
 // ---- Changing ----
@@ -415,38 +308,38 @@ TEST_P(LabRemarkTest, AReturnByCancelReloadsTheList) {
 TEST_P(LabRemarkTest, ADoubleClickOpensTheRowWhichTheListSelectsAgainOnReturn) {
   LoadRemarks(kFive);
   OpenList();
-  DoubleClickRow(3);
+  Ok(DoubleClickRow(kList, 3));
   EXPECT_EQ((std::vector<std::string>{kEntry}), Windows());
-  EXPECT_EQ("3", Value("TSRLBRMK_IS_NUMBER1"));
-  EXPECT_EQ("C", Value("SHORT_NAME1"));
-  EXPECT_EQ("Charlie", Value("DESCRIPTION_TEXT1"));
-  EXPECT_EQ("LOADER", Value("D_USERID_CODE1"));
-  EXPECT_EQ("2023-05-01-10.00.00.000000", Value("D_LAST_UPDATE_TIMESTAMP1"));
-  Do(kEntry, "Cance&l");
+  EXPECT_EQ("3", Value(kEntry, "TSRLBRMK_IS_NUMBER1"));
+  EXPECT_EQ("C", Value(kEntry, "SHORT_NAME1"));
+  EXPECT_EQ("Charlie", Value(kEntry, "DESCRIPTION_TEXT1"));
+  EXPECT_EQ("LOADER", Value(kEntry, "D_USERID_CODE1"));
+  EXPECT_EQ("2023-05-01-10.00.00.000000", Value(kEntry, "D_LAST_UPDATE_TIMESTAMP1"));
+  Ok(Click(kEntry, "Cance&l"));
   EXPECT_EQ((std::vector<std::string>{kList}), Windows());
-  EXPECT_EQ((std::vector<int>{3}), Selected());
+  EXPECT_EQ((std::vector<int>{3}), Selected(kList));
   EXPECT_EQ(kFive, Remarks());
 }
 
 TEST_P(LabRemarkTest, ChangeWithNothingChangedWritesNothing) {
   LoadRemarks(kFive);
   OpenList();
-  ClickRow(2);
-  Do(kList, "&Change");
-  now_ = "20240120080000";
-  Do(kEntry, "Accep&t");
+  Ok(ClickRow(kList, 2));
+  Ok(Click(kList, "&Change"));
+  SetClock(2024, 1, 20, 8, 0, 0);
+  Ok(Click(kEntry, "Accep&t"));
   // A success: the window closes, and no stamp was written.
   EXPECT_EQ((std::vector<std::string>{kList}), Windows());
   EXPECT_EQ("", Message());
   EXPECT_EQ(kFive, Remarks());
-  EXPECT_EQ((std::vector<int>{2}), Selected());
+  EXPECT_EQ((std::vector<int>{2}), Selected(kList));
 }
 
 TEST_P(LabRemarkTest, ChangingTheDescriptionAloneMeetsTheRowItselfAsADuplicate) {
   LoadRemarks(kFive);
   OpenList();
-  DoubleClickRow(4);
-  Do(kEntry, "Accep&t", "Click", {{"DESCRIPTION_TEXT", "Delta, corrected"}});
+  Ok(DoubleClickRow(kList, 4));
+  Ok(Click(kEntry, "Accep&t", {{"DESCRIPTION_TEXT", "Delta, corrected"}}));
   EXPECT_EQ((std::vector<std::string>{kEntry}), Windows());
   EXPECT_EQ(kDuplicate, Message());
   EXPECT_EQ(kFive, Remarks());
@@ -454,38 +347,37 @@ TEST_P(LabRemarkTest, ChangingTheDescriptionAloneMeetsTheRowItselfAsADuplicate) 
 
 TEST_P(LabRemarkTest, ChangingTheShortNameWritesTheRowWithUserAndTime) {
   LoadRemarks(kFive);
-  session_.reset();
-  StartSession("MJONES", "ORG2");
+  Start("MJONES", "ORG2");
   OpenList();
-  DoubleClickRow(4);
-  now_ = "20240201171819";
-  Do(kEntry, "Accep&t", "Click", {{"SHORT_NAME", "DD"}, {"DESCRIPTION_TEXT", "Delta, renamed"}});
+  Ok(DoubleClickRow(kList, 4));
+  SetClock(2024, 2, 1, 17, 18, 19);
+  Ok(Click(kEntry, "Accep&t", {{"SHORT_NAME", "DD"}, {"DESCRIPTION_TEXT", "Delta, renamed"}}));
   EXPECT_EQ((std::vector<std::string>{kList}), Windows());
   EXPECT_EQ("", Message());
   EXPECT_EQ((std::vector<std::string>{"A", "B", "C", "DD", "E"}), ShortNames());
-  EXPECT_EQ((std::vector<int>{4}), Selected());
+  EXPECT_EQ((std::vector<int>{4}), Selected(kList));
   std::string expected = kFive;
   const std::string old_row = "4,ZZZZZZZZ,D,Delta,LOADER,2023-05-01 10:00:00\n";
   expected.replace(expected.find(old_row), old_row.size(),
                    "4,ZZZZZZZZ,DD,\"Delta, renamed\",MJONES,2024-02-01 17:18:19\n");
   EXPECT_EQ(expected, Remarks());
   // No number is taken for a change.
-  EXPECT_EQ(-1, Counter("ORG2"));
+  EXPECT_EQ(-1, Counter("TSRLBRMK", "ORG2"));
 }
 
 TEST_P(LabRemarkTest, ARowDeletedByOthersGivesTheInternalErrorAtAcceptInChangeMode) {
   LoadRemarks(kFive);
   OpenList();
-  DoubleClickRow(2);
-  sql() << "DELETE FROM TSRLBRMK WHERE TSRLBRMK_IS_NUMBER = 2";
-  Do(kEntry, "Accep&t", "Click", {{"SHORT_NAME", "BB"}});
+  Ok(DoubleClickRow(kList, 2));
+  Exec("DELETE FROM TSRLBRMK WHERE TSRLBRMK_IS_NUMBER = 2");
+  Ok(Click(kEntry, "Accep&t", {{"SHORT_NAME", "BB"}}));
   EXPECT_EQ((std::vector<std::string>{kEntry}), Windows());
   EXPECT_EQ(kInternal, Message());
   EXPECT_EQ(std::string::npos, Remarks().find(",BB,"));
   // The list comes back without the row, and nothing is selected.
-  Do(kEntry, "Cance&l");
+  Ok(Click(kEntry, "Cance&l"));
   EXPECT_EQ((std::vector<std::string>{"A", "C", "D", "E"}), ShortNames());
-  EXPECT_TRUE(Selected().empty());
+  EXPECT_TRUE(Selected(kList).empty());
 }
 
 // ---- Deleting ----
@@ -493,81 +385,81 @@ TEST_P(LabRemarkTest, ARowDeletedByOthersGivesTheInternalErrorAtAcceptInChangeMo
 TEST_P(LabRemarkTest, DeleteOfTheOnlyRowLeavesAnEmptyList) {
   LoadRemarks("9,ZZZZZZZZ,U,Unique,LOADER,2023-05-01 10:00:00\n");
   OpenList();
-  ClickRow(1);
-  Do(kList, "&Delete");
+  Ok(ClickRow(kList, 1));
+  Ok(Click(kList, "&Delete"));
   EXPECT_EQ((std::vector<std::string>{kList, kDelete}), Windows());
   const json dialog = Screen()["windows"][1];
   EXPECT_EQ("RT50A Delete Lab Remark", dialog["title"]);
   EXPECT_EQ("DD", dialog["kind"]);
   EXPECT_EQ(299, dialog["width"]);
   EXPECT_EQ(68, dialog["height"]);
-  EXPECT_EQ("U", Value("SHORT_NAME1"));
-  EXPECT_EQ("Unique", Value("DESCRIPTION_TEXT1"));
-  EXPECT_EQ(true, Control("SHORT_NAME1")["protected"]);
+  EXPECT_EQ("U", Value(kDelete, "SHORT_NAME1"));
+  EXPECT_EQ("Unique", Value(kDelete, "DESCRIPTION_TEXT1"));
+  EXPECT_EQ(true, Control(kDelete, "SHORT_NAME1")["protected"]);
   // The list below takes no events while the dialog is up.
-  EXPECT_EQ(409, Send(kList, "&Add").status);
-  Do(kDelete, "&Delete");
+  EXPECT_EQ(409, Click(kList, "&Add").status);
+  Ok(Click(kDelete, "&Delete"));
   EXPECT_EQ((std::vector<std::string>{kList}), Windows());
   EXPECT_TRUE(Rows().empty());
   EXPECT_EQ("", Message());
   EXPECT_EQ("", Remarks());
-  EXPECT_TRUE(Enabled("Button1"));
+  EXPECT_TRUE(Enabled(kList, "Button1"));
 }
 
 TEST_P(LabRemarkTest, DeleteOfRowThreeOfFiveMovesTheRowsBelowUp) {
   LoadRemarks(kFive);
   OpenList();
-  ClickRow(3);
-  Do(kList, "&Delete");
-  Do(kDelete, "&Delete");
+  Ok(ClickRow(kList, 3));
+  Ok(Click(kList, "&Delete"));
+  Ok(Click(kDelete, "&Delete"));
   const std::vector<Shown> rows = Rows();
   ASSERT_EQ(4u, rows.size());
   EXPECT_EQ((std::vector<std::string>{"A", "B", "D", "E"}), ShortNames());
   EXPECT_EQ("Delta", rows[2].description);
   EXPECT_EQ(3, rows[2].row);
   EXPECT_EQ(4, rows[3].row);
-  EXPECT_TRUE(Selected().empty());
+  EXPECT_TRUE(Selected(kList).empty());
   EXPECT_EQ(std::string::npos, Remarks().find(",C,Charlie,"));
-  EXPECT_EQ(4u, RemarkCount());
+  EXPECT_EQ(4, Count("TSRLBRMK"));
   // The rows moved up are the rows of the database: a click on row 3 takes D.
-  ClickRow(3);
-  Do(kList, "&Change");
-  EXPECT_EQ("4", Value("TSRLBRMK_IS_NUMBER1"));
-  EXPECT_EQ("D", Value("SHORT_NAME1"));
+  Ok(ClickRow(kList, 3));
+  Ok(Click(kList, "&Change"));
+  EXPECT_EQ("4", Value(kEntry, "TSRLBRMK_IS_NUMBER1"));
+  EXPECT_EQ("D", Value(kEntry, "SHORT_NAME1"));
 }
 
 TEST_P(LabRemarkTest, CancelInTheDeleteDialogClearsTheSelection) {
   LoadRemarks(kFive);
   OpenList();
-  ClickRow(2);
-  Do(kList, "&Delete");
-  Do(kDelete, "Cance&l");
+  Ok(ClickRow(kList, 2));
+  Ok(Click(kList, "&Delete"));
+  Ok(Click(kDelete, "Cance&l"));
   EXPECT_EQ((std::vector<std::string>{kList}), Windows());
   EXPECT_EQ(5u, Rows().size());
-  EXPECT_TRUE(Selected().empty());
-  EXPECT_FALSE(Enabled("Button3"));
+  EXPECT_TRUE(Selected(kList).empty());
+  EXPECT_FALSE(Enabled(kList, "Button3"));
   EXPECT_EQ(kFive, Remarks());
 }
 
 TEST_P(LabRemarkTest, ARowDeletedByOthersStaysInTheListUnmarked) {
   LoadRemarks(kFive);
   OpenList();
-  ClickRow(4);
-  Do(kList, "&Delete");
-  sql() << "DELETE FROM TSRLBRMK WHERE TSRLBRMK_IS_NUMBER = 4";
-  Do(kDelete, "&Delete");
+  Ok(ClickRow(kList, 4));
+  Ok(Click(kList, "&Delete"));
+  Exec("DELETE FROM TSRLBRMK WHERE TSRLBRMK_IS_NUMBER = 4");
+  Ok(Click(kDelete, "&Delete"));
   EXPECT_EQ((std::vector<std::string>{kList}), Windows());
   EXPECT_EQ("E: Lab Remark not found.", Message());
   EXPECT_EQ((std::vector<std::string>{"A", "B", "C", "D", "E"}), ShortNames());
-  EXPECT_TRUE(Selected().empty());
-  EXPECT_EQ(4u, RemarkCount());
+  EXPECT_TRUE(Selected(kList).empty());
+  EXPECT_EQ(4, Count("TSRLBRMK"));
 }
 
 // ---- Bad input ----
 
 TEST_P(LabRemarkTest, RequestsTheWindowsCannotTakeAreRefusedAndChangeNothing) {
   LoadRemarks(kFive);
-  Load("TSMEISN", kCounterHeader, "TSRLBRMK,ORG1,100,LOADER,2023-05-01 10:00:00\n");
+  LoadCounters("TSRLBRMK,ORG1,100,LOADER,2023-05-01 10:00:00\n");
   OpenList();
   const json list_before = Screen();
   struct Case {
@@ -581,13 +473,13 @@ TEST_P(LabRemarkTest, RequestsTheWindowsCannotTakeAreRefusedAndChangeNothing) {
   };
   for (const Case& c : disabled) {
     SCOPED_TRACE(c.control);
-    EXPECT_EQ(c.status, Send(c.window, c.control).status);
+    EXPECT_EQ(c.status, Click(c.window, c.control).status);
     EXPECT_EQ(list_before, Screen());
   }
   // A row that the list does not show.
-  EXPECT_EQ(400, Send(kList, "ListBox1", "Click", nullptr, 6).status);
+  EXPECT_EQ(400, ClickRow(kList, 6).status);
 
-  Do(kList, "&Add");
+  Ok(Click(kList, "&Add"));
   const json entry_before = Screen();
   const json values[] = {
       {{"SHORT_NAME", "SEVENCH"}},                                       // 7 > 6
@@ -599,7 +491,7 @@ TEST_P(LabRemarkTest, RequestsTheWindowsCannotTakeAreRefusedAndChangeNothing) {
   };
   for (const json& v : values) {
     SCOPED_TRACE(v.dump());
-    const Reply r = Send(kEntry, "Accep&t", "Click", v);
+    const Reply r = Click(kEntry, "Accep&t", v);
     EXPECT_EQ(400, r.status);
     EXPECT_TRUE(r.body.contains("error"));
     EXPECT_EQ(entry_before, Screen());
@@ -607,8 +499,8 @@ TEST_P(LabRemarkTest, RequestsTheWindowsCannotTakeAreRefusedAndChangeNothing) {
   EXPECT_EQ(kFive, Remarks());
   // Text that fits goes through, also at the full width and in 1252.
   const std::string sixty(59, 'd');
-  Do(kEntry, "Accep&t", "Click",
-     {{"SHORT_NAME", "A\xC3\xA9"}, {"DESCRIPTION_TEXT", sixty + "\xE2\x82\xAC"}});
+  Ok(Click(kEntry, "Accep&t",
+           {{"SHORT_NAME", "A\xC3\xA9"}, {"DESCRIPTION_TEXT", sixty + "\xE2\x82\xAC"}}));
   EXPECT_EQ((std::vector<std::string>{kList}), Windows());
   EXPECT_EQ("", Message());
   EXPECT_NE(std::string::npos, Remarks().find(",A\xC3\xA9," + sixty + "\xE2\x82\xAC,"));
@@ -616,10 +508,10 @@ TEST_P(LabRemarkTest, RequestsTheWindowsCannotTakeAreRefusedAndChangeNothing) {
   EXPECT_EQ(sixty + "\xE2\x82\xAC", Rows()[1].description);
   // A short name that begins beyond "z" in the code page is stored, and the
   // range leaves it out of the list.
-  ClickRow(2);
-  Do(kList, "&Add");
-  Do(kEntry, "Accep&t", "Click",
-     {{"SHORT_NAME", "\xC3\xA9t\xC3\xA9"}, {"DESCRIPTION_TEXT", "Summer"}});
+  Ok(ClickRow(kList, 2));
+  Ok(Click(kList, "&Add"));
+  Ok(Click(kEntry, "Accep&t",
+           {{"SHORT_NAME", "\xC3\xA9t\xC3\xA9"}, {"DESCRIPTION_TEXT", "Summer"}}));
   EXPECT_EQ((std::vector<std::string>{kList}), Windows());
   EXPECT_NE(std::string::npos, Remarks().find(",\xC3\xA9t\xC3\xA9,Summer,"));
   EXPECT_EQ(6u, Rows().size());
@@ -633,14 +525,12 @@ TEST_P(LabRemarkTest, QuotesAndSqlWordsAreStoredAndShownAsTyped) {
   ASSERT_EQ(1u, Rows().size());
   EXPECT_EQ("x'--", Rows()[0].short_name);
   EXPECT_EQ(description, Rows()[0].description);
-  std::string stored;
-  sql() << "SELECT DESCRIPTION_TEXT FROM TSRLBRMK WHERE SHORT_NAME = 'x''--'",
-      soci::into(stored);
-  EXPECT_EQ(description, stored);
+  EXPECT_EQ(description,
+            Read<std::string>("SELECT DESCRIPTION_TEXT FROM TSRLBRMK WHERE SHORT_NAME = 'x''--'"));
   // And it opens again as it was typed.
-  DoubleClickRow(1);
-  EXPECT_EQ("x'--", Value("SHORT_NAME1"));
-  EXPECT_EQ(description, Value("DESCRIPTION_TEXT1"));
+  Ok(DoubleClickRow(kList, 1));
+  EXPECT_EQ("x'--", Value(kEntry, "SHORT_NAME1"));
+  EXPECT_EQ(description, Value(kEntry, "DESCRIPTION_TEXT1"));
 }
 
 INSTANTIATE_TEST_SUITE_P(Backends, LabRemarkTest, lk::store::testing::kBackends,

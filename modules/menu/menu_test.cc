@@ -1,37 +1,27 @@
 // The module's head tables, walked as the host reads them, and the reference
 // table menu driven through sessions with the events a person's clicks send.
+#include <cstdint>
 #include <cstdio>
-#include <cstdlib>
 #include <cstring>
 #include <map>
 #include <set>
 #include <string>
+#include <vector>
 
 #include <gtest/gtest.h>
+#include <nlohmann/json.hpp>
 
 #include "frame/run_context.h"
 #include "frame/tables.h"
-#include "host/host.h"
 #include "host/module_image.h"
-#include "host/modules.h"
-#include "host/screen_testing.h"
-#include "host/session.h"
+#include "modules/testing/module_fixture.h"
 
 namespace watrix {
 namespace {
 
-std::string BuildFolder() {
-  const char* b = std::getenv("WATRIX_BUILD");
-  return b != nullptr ? b : ".";
-}
+using testing::BuildFolder;
 
-const Modules& TheModules() {
-  static Modules* modules = new Modules(BuildFolder(), "LKBASE");
-  return *modules;
-}
-Modules* MutableModules() { return const_cast<Modules*>(&TheModules()); }
-
-const ModuleImage& Lkbase() { return TheModules().main(); }
+const ModuleImage& Lkbase() { return testing::TheModules()->main(); }
 
 // ---- The head tables ----
 
@@ -380,28 +370,17 @@ TEST(HeadTest, ModuleExportsWinHeadAndNothingElse) {
 
 // ---- The menu, event by event ----
 
-class MenuTest : public ::testing::Test {
+class MenuTest : public ::testing::Test, public testing::SessionDriver {
  protected:
-  void SetUp() override {
-    session_ = std::make_unique<Session>(MutableModules(), std::make_unique<NullStore>(),
-                                         SystemClock());
-    ASSERT_EQ("", session_->Start("JSMITH", "ZZZZZZZZ", StartRequest{}));
-  }
-
-  Reply Click(const std::string& window, const nlohmann::json& control) {
-    return session_->Event({{"window", window}, {"control", control}, {"event", "Click"}});
-  }
-  std::vector<std::string> Windows() { return testing::WindowNames(session_->Screen()); }
-  std::string Message() { return testing::MessageText(session_->Screen()); }
+  void SetUp() override { Start("JSMITH", "ZZZZZZZZ"); }
 
   static constexpr const char* kMenu = "RT1_REFERENCE_TABLE_MAINT_MENU";
   static constexpr const char* kPage2 = "RT1A_REFERENCE_TABLE_MAINT_MENU";
   static constexpr const char* kCharType = "RT1B_CHAR_TYPE_SELECT";
-  std::unique_ptr<Session> session_;
 };
 
 TEST_F(MenuTest, OpensOnTheFirstPage) {
-  const nlohmann::json screen = session_->Screen();
+  const nlohmann::json screen = Screen();
   ASSERT_EQ(1u, screen["windows"].size());
   const nlohmann::json& w = screen["windows"][0];
   EXPECT_EQ(kMenu, w["name"]);
@@ -422,25 +401,25 @@ TEST_F(MenuTest, OpensOnTheFirstPage) {
   EXPECT_EQ(nullptr, screen["failure"]);
   EXPECT_EQ(false, screen["ended"]);
   // The body copied the user and organisation of the run.
-  EXPECT_STREQ("RT1_REFERENCE_TABLE_MAINT_MENU", session_->run_context().unit_name);
+  EXPECT_STREQ("RT1_REFERENCE_TABLE_MAINT_MENU", session().run_context().unit_name);
 }
 
 TEST_F(MenuTest, SecondPageOpensOverTheFirstAndItsCloseRunsNoBody) {
   ASSERT_EQ(200, Click(kMenu, "Additional Tables >>>").status);
   EXPECT_EQ((std::vector<std::string>{kMenu, kPage2}), Windows());
-  EXPECT_STREQ("RT1_PB_ADDITIONAL_TABLES_CLICK", session_->run_context().unit_name);
+  EXPECT_STREQ("RT1_PB_ADDITIONAL_TABLES_CLICK", session().run_context().unit_name);
   // Only the window on top takes events.
   EXPECT_EQ(409, Click(kMenu, "C&lose").status);
   ASSERT_EQ(200, Click(kPage2, "C&lose").status);
   EXPECT_EQ((std::vector<std::string>{kMenu}), Windows());
-  EXPECT_STREQ("RT1A_PBM_CLOSE_CLK", session_->run_context().unit_name);
-  EXPECT_FALSE(session_->ended());
+  EXPECT_STREQ("RT1A_PBM_CLOSE_CLK", session().run_context().unit_name);
+  EXPECT_FALSE(session().ended());
 }
 
 TEST_F(MenuTest, CharacteristicOpensTheTypeDialog) {
   ASSERT_EQ(200, Click(kMenu, "&Characteristic").status);
   EXPECT_EQ((std::vector<std::string>{kMenu, kCharType}), Windows());
-  EXPECT_EQ(lk::EXIT_NONE, session_->run_context().exit_state);
+  EXPECT_EQ(lk::EXIT_NONE, session().run_context().exit_state);
   ASSERT_EQ(200, Click(kCharType, "C&lose").status);
   EXPECT_EQ((std::vector<std::string>{kMenu}), Windows());
 }
@@ -451,7 +430,7 @@ TEST_F(MenuTest, TaxonCharacteristicsClosesItselfBeforeItFlows) {
   EXPECT_EQ((std::vector<std::string>{kMenu}), Windows());
   EXPECT_EQ("E: Procedure RT4A_TAXON_CHAR_MAINT_LIST of module LKBASE is not available.",
             Message());
-  EXPECT_EQ(0x462804F7u, session_->run_context().exit_state);
+  EXPECT_EQ(0x462804F7u, session().run_context().exit_state);
 }
 
 TEST_F(MenuTest, NonTaxonCharacteristicsFlowsToTheSiblingModule) {
@@ -485,8 +464,8 @@ TEST_F(MenuTest, ButtonsOfTablesNotBuiltSayWhatIsMissing) {
     EXPECT_EQ(std::string("E: ") + c.message + " is not available.", Message());
     EXPECT_EQ((std::vector<std::string>{kMenu}), Windows());
     EXPECT_EQ(nullptr, r.body["failure"]);
-    EXPECT_EQ(c.exit_state, session_->run_context().exit_state);
-    EXPECT_STREQ(c.command, session_->run_context().command);
+    EXPECT_EQ(c.exit_state, session().run_context().exit_state);
+    EXPECT_STREQ(c.command, session().run_context().command);
   }
 }
 
@@ -496,30 +475,30 @@ TEST_F(MenuTest, SecondPageButtonsFlowAndLeaveThePageOpen) {
   EXPECT_EQ("E: Procedure RT34_UNIT_OF_MEASURE_MAINT_LIST of module LKBASE is not available.",
             Message());
   EXPECT_EQ((std::vector<std::string>{kMenu, kPage2}), Windows());
-  EXPECT_EQ(0x4B0014B8u, session_->run_context().exit_state);
+  EXPECT_EQ(0x4B0014B8u, session().run_context().exit_state);
 }
 
 TEST_F(MenuTest, CloseEndsTheRun) {
   ASSERT_EQ(200, Click(kMenu, "C&lose").status);
-  EXPECT_TRUE(session_->ended());
-  EXPECT_EQ(lk::EXIT_RETURN, session_->run_context().exit_state);
-  EXPECT_TRUE(session_->Screen()["windows"].empty());
-  EXPECT_EQ(true, session_->Screen()["ended"]);
+  EXPECT_TRUE(session().ended());
+  EXPECT_EQ(lk::EXIT_RETURN, session().run_context().exit_state);
+  EXPECT_TRUE(Screen()["windows"].empty());
+  EXPECT_EQ(true, Screen()["ended"]);
   EXPECT_EQ(409, Click(kMenu, "C&lose").status);
 }
 
 TEST_F(MenuTest, HelpRunsNoUnit) {
   ASSERT_EQ(200, Click(kMenu, "&Bio Part").status);
-  const std::string before = session_->run_context().unit_name;
+  const std::string before = session().run_context().unit_name;
   const Reply r = Click(kMenu, "&Help");
   ASSERT_EQ(200, r.status);
   EXPECT_EQ("/help/RT1_REFERENCE_TABLE_MAINT_MENU", r.body["help"]);
-  EXPECT_EQ(before, session_->run_context().unit_name);
+  EXPECT_EQ(before, session().run_context().unit_name);
   EXPECT_EQ(nullptr, r.body["message"]);
 }
 
 TEST_F(MenuTest, RefusedEventsChangeNothing) {
-  const nlohmann::json before = session_->Screen();
+  const nlohmann::json before = Screen();
   struct Case {
     nlohmann::json event;
     int status;
@@ -537,12 +516,12 @@ TEST_F(MenuTest, RefusedEventsChangeNothing) {
   };
   for (const Case& c : cases) {
     SCOPED_TRACE(c.event.dump());
-    const Reply r = session_->Event(c.event);
+    const Reply r = session().Event(c.event);
     EXPECT_EQ(c.status, r.status);
     EXPECT_TRUE(r.body.contains("error"));
-    EXPECT_EQ(before, session_->Screen());
+    EXPECT_EQ(before, Screen());
   }
-  EXPECT_FALSE(session_->ended());
+  EXPECT_FALSE(session().ended());
 }
 
 TEST_F(MenuTest, ControlIsMatchedByIdDigitsLabelOrName) {
@@ -553,17 +532,14 @@ TEST_F(MenuTest, ControlIsMatchedByIdDigitsLabelOrName) {
 }
 
 // The body, entered with a COMMAND from outside as a link would.
-class MenuCommandTest : public ::testing::Test {
+class MenuCommandTest : public ::testing::Test, public testing::SessionDriver {
  protected:
   Session* StartWith(const std::string& command) {
-    session_ = std::make_unique<Session>(MutableModules(), std::make_unique<NullStore>(),
-                                         SystemClock());
     StartRequest start;
     start.command = command;
-    EXPECT_EQ("", session_->Start("JSMITH", "ORG1", start));
-    return session_.get();
+    Start("JSMITH", "ORG1", start);
+    return &session();
   }
-  std::unique_ptr<Session> session_;
 };
 
 TEST_F(MenuCommandTest, WholeTextCompareMakesTheChainOrderHarmless) {
@@ -597,46 +573,6 @@ TEST_F(MenuCommandTest, KeywordsNoButtonSendsAreNotImplemented) {
     EXPECT_EQ("E", m["kind"]);
     EXPECT_EQ("This selection has not been implemented.", m["text"]);
   }
-}
-
-// ---- Through the Host, as the HTTP interface calls it ----
-
-TEST(HostTest, SessionsByTokenAndIdentityChecks) {
-  HostOptions options;
-  options.module_dir = BuildFolder();
-  std::unique_ptr<Host> host = MakeHost(options);
-  const Reply created = host->CreateSession({{"user", "JSMITH"}, {"org", "ZZZZZZZZ"}});
-  ASSERT_EQ(201, created.status) << created.body.dump();
-  const std::string token = created.body["session"];
-  EXPECT_GE(token.size(), 32u);
-  EXPECT_EQ("RT1_REFERENCE_TABLE_MAINT_MENU", created.body["screen"]["windows"][0]["name"]);
-  EXPECT_EQ(200, host->Screen(token).status);
-  EXPECT_EQ(401, host->Screen("not-a-token").status);
-  EXPECT_EQ(401, host->Event("", {{"window", "x"}}).status);
-
-  struct Bad {
-    nlohmann::json request;
-  } bad[] = {
-      {{{"user", "TOOLONGUSER"}, {"org", "ZZZZZZZZ"}}},
-      {{{"user", ""}, {"org", "ZZZZZZZZ"}}},
-      {{{"user", "JSMITH"}}},
-      {{{"user", "J\xE4\xB8\xAD"}, {"org", "ZZZZZZZZ"}}},
-      {{{"user", "JSMITH"}, {"org", "ZZZZZZZZ"}, {"start", {{"procedure", "RT99_NONE"}}}}},
-      {{{"user", "JSMITH"}, {"org", "ZZZZZZZZ"},
-        {"start", {{"procedure", "RT48_BIO_PART_MAINT_LIST"}}}}},
-  };
-  for (const Bad& b : bad) {
-    SCOPED_TRACE(b.request.dump());
-    const Reply r = host->CreateSession(b.request);
-    EXPECT_EQ(400, r.status);
-    EXPECT_TRUE(r.body.contains("error"));
-  }
-  const Reply other = host->CreateSession({{"user", "OTHER"}, {"org", "ORG2"}});
-  ASSERT_EQ(201, other.status);
-  EXPECT_NE(token, other.body["session"]);
-  EXPECT_EQ(204, host->EndSession(token).status);
-  EXPECT_EQ(401, host->Screen(token).status);
-  EXPECT_EQ(200, host->Screen(other.body["session"]).status);
 }
 
 }  // namespace
