@@ -1,12 +1,7 @@
 // End-to-end tests of the watrix program: starts `watrix serve` as a child
 // process on a free port, reads the address it prints, and drives the menu
 // over HTTP as the page or a script would. Also checks the command line's
-// exit statuses, the db commands and the clean stop on SIGINT and SIGTERM.
-//
-// The tests that touch a database run once on each backend: on a fresh
-// SQLite file, and on a fresh database of the private PostgreSQL cluster
-// (tests/pg). When the cluster cannot run, the PostgreSQL cases fail with
-// the reason; they are never skipped.
+// exit statuses and the clean stop on SIGINT and SIGTERM.
 //
 // The program is $WATRIX_BUILD/watrix; its module libraries lie beside it.
 // Every child started here is killed before the test program ends.
@@ -23,7 +18,6 @@
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
-#include <ostream>
 #include <regex>
 #include <string>
 #include <thread>
@@ -32,8 +26,6 @@
 #include <gtest/gtest.h>
 #include <httplib.h>
 #include <nlohmann/json.hpp>
-
-#include "tests/pg/pg_cluster.h"
 
 extern char** environ;
 
@@ -45,39 +37,6 @@ using nlohmann::json;
 constexpr char kMenu[] = "RT1_REFERENCE_TABLE_MAINT_MENU";
 constexpr char kMenuA[] = "RT1A_REFERENCE_TABLE_MAINT_MENU";
 constexpr char kCharSelect[] = "RT1B_CHAR_TYPE_SELECT";
-
-enum class Backend { kSqlite, kPostgres };
-
-const auto kBackends = ::testing::Values(Backend::kSqlite, Backend::kPostgres);
-
-std::string BackendName(const ::testing::TestParamInfo<Backend>& info) {
-  return info.param == Backend::kSqlite ? "Sqlite" : "Postgres";
-}
-
-void PrintTo(Backend backend, std::ostream* out) {
-  *out << (backend == Backend::kSqlite ? "SQLite" : "PostgreSQL");
-}
-
-// The URL of a fresh, empty database of `backend`: an SQLite file in folder
-// `dir`, or a new database of the private cluster. "" with *why_not set when
-// there is none.
-std::string NewDatabaseUrl(Backend backend, const std::string& dir, std::string* why_not) {
-  if (backend == Backend::kSqlite) {
-    if (dir.empty()) {
-      *why_not = "no scratch folder under /tmp";
-      return "";
-    }
-    return "sqlite:" + dir + "/watrix.db";
-  }
-  testing::PgCluster& cluster = testing::PgCluster::Shared();
-  if (!cluster.Available()) {
-    *why_not = "PostgreSQL test cluster: " + cluster.why_not();
-    return "";
-  }
-  std::string url = cluster.NewDatabase();
-  if (url.empty()) *why_not = "PostgreSQL test cluster: CREATE DATABASE failed";
-  return url;
-}
 
 std::string ProgramPath() {
   const char* build = std::getenv("WATRIX_BUILD");
@@ -136,10 +95,10 @@ int WaitOrKill(pid_t pid, int seconds) {
   return status;
 }
 
-// A `watrix serve` child on a fresh database of its own, of `backend`.
+// A `watrix serve` child with its own database folder.
 class ServerProcess {
  public:
-  explicit ServerProcess(Backend backend) : backend_(backend) {
+  ServerProcess() {
     char dir[] = "/tmp/watrix_http_test_XXXXXX";
     if (mkdtemp(dir)) dir_ = dir;
   }
@@ -149,13 +108,11 @@ class ServerProcess {
     if (!dir_.empty()) std::filesystem::remove_all(dir_);
   }
 
-  // Makes the database, starts the server and waits up to 30 s for its
-  // address line.
+  // Starts the server and waits up to 30 s for its address line.
   bool Start(std::string* error) {
-    const std::string db = NewDatabaseUrl(backend_, dir_, error);
-    if (db.empty()) return false;
-    pid_ = Spawn({ProgramPath(), "serve", "--listen", "127.0.0.1:0", "--db", db}, &out_fd_,
-                 nullptr);
+    pid_ = Spawn({ProgramPath(), "serve", "--listen", "127.0.0.1:0", "--db",
+                  "sqlite:" + dir_ + "/watrix.db"},
+                 &out_fd_, nullptr);
     if (pid_ < 0) {
       *error = "cannot start " + ProgramPath();
       return false;
@@ -203,7 +160,6 @@ class ServerProcess {
   int port() const { return port_; }
 
  private:
-  Backend backend_;
   std::string dir_;
   pid_t pid_ = -1;
   int out_fd_ = -1;
@@ -241,30 +197,24 @@ std::vector<std::string> WindowNames(const json& screen) {
   return names;
 }
 
-// The menu over HTTP. The tests of one backend share a server, started by
-// the first of them; each works in sessions of its own.
-class MenuHttpTest : public ::testing::TestWithParam<Backend> {
+class MenuHttpTest : public testing::Test {
  protected:
-  // One server per backend, and why it did not start.
-  struct Shared {
-    std::unique_ptr<ServerProcess> server;
-    std::string start_error;
-  };
+  static void SetUpTestSuite() {
+    server_ = new ServerProcess;
+    std::string error;
+    if (!server_->Start(&error)) start_error_ = new std::string(error);
+  }
 
   static void TearDownTestSuite() {
-    for (Shared& shared : shared_) shared = Shared();
+    delete server_;
+    server_ = nullptr;
+    delete start_error_;
+    start_error_ = nullptr;
   }
 
   void SetUp() override {
-    Shared& shared = shared_[static_cast<int>(GetParam())];
-    if (shared.server == nullptr) {
-      shared.server = std::make_unique<ServerProcess>(GetParam());
-      if (!shared.server->Start(&shared.start_error) && shared.start_error.empty()) {
-        shared.start_error = "the server did not start";
-      }
-    }
-    ASSERT_EQ("", shared.start_error);
-    client_ = std::make_unique<httplib::Client>("127.0.0.1", shared.server->port());
+    ASSERT_EQ(nullptr, start_error_) << *start_error_;
+    client_ = std::make_unique<httplib::Client>("127.0.0.1", server_->port());
     client_->set_read_timeout(30, 0);
   }
 
@@ -311,13 +261,15 @@ class MenuHttpTest : public ::testing::TestWithParam<Backend> {
     return json::parse(r->body, nullptr, false);
   }
 
-  static Shared shared_[2];
+  static ServerProcess* server_;
+  static std::string* start_error_;
   std::unique_ptr<httplib::Client> client_;
 };
 
-MenuHttpTest::Shared MenuHttpTest::shared_[2];
+ServerProcess* MenuHttpTest::server_ = nullptr;
+std::string* MenuHttpTest::start_error_ = nullptr;
 
-TEST_P(MenuHttpTest, CreateSessionOpensTheMenu) {
+TEST_F(MenuHttpTest, CreateSessionOpensTheMenu) {
   auto r = CreateSession({{"user", "JSMITH"}, {"org", "ZZZZZZZZ"}});
   ASSERT_TRUE(r);
   ASSERT_EQ(201, r->status) << r->body;
@@ -339,7 +291,7 @@ TEST_P(MenuHttpTest, CreateSessionOpensTheMenu) {
   EXPECT_EQ(screen, Screen(token));
 }
 
-TEST_P(MenuHttpTest, UserAndOrgAreOneToEightCharacters) {
+TEST_F(MenuHttpTest, UserAndOrgAreOneToEightCharacters) {
   struct Case {
     const char* user;
     const char* org;
@@ -370,7 +322,7 @@ TEST_P(MenuHttpTest, UserAndOrgAreOneToEightCharacters) {
   }
 }
 
-TEST_P(MenuHttpTest, AdditionalTablesOpensOnTopAndCloses) {
+TEST_F(MenuHttpTest, AdditionalTablesOpensOnTopAndCloses) {
   const std::string token = Login();
   json screen = Send(token, Event(kMenu, "Additional Tables >>>"));
   ASSERT_EQ((std::vector<std::string>{kMenu, kMenuA}), WindowNames(screen));
@@ -386,7 +338,7 @@ TEST_P(MenuHttpTest, AdditionalTablesOpensOnTopAndCloses) {
   EXPECT_EQ(false, screen["ended"]);
 }
 
-TEST_P(MenuHttpTest, CharacteristicOpensTheTypeSelection) {
+TEST_F(MenuHttpTest, CharacteristicOpensTheTypeSelection) {
   const std::string token = Login();
   json screen = Send(token, Event(kMenu, "&Characteristic"));
   ASSERT_EQ((std::vector<std::string>{kMenu, kCharSelect}), WindowNames(screen));
@@ -394,7 +346,7 @@ TEST_P(MenuHttpTest, CharacteristicOpensTheTypeSelection) {
   EXPECT_EQ(std::vector<std::string>{kMenu}, WindowNames(screen));
 }
 
-TEST_P(MenuHttpTest, FlowToAMissingProcedureSaysSo) {
+TEST_F(MenuHttpTest, FlowToAMissingProcedureSaysSo) {
   struct Case {
     const char* control;
     const char* text;
@@ -422,7 +374,7 @@ TEST_P(MenuHttpTest, FlowToAMissingProcedureSaysSo) {
   EXPECT_EQ((std::vector<std::string>{kMenu, kMenuA}), WindowNames(screen));
 }
 
-TEST_P(MenuHttpTest, HelpNamesTheWindowsHelpPage) {
+TEST_F(MenuHttpTest, HelpNamesTheWindowsHelpPage) {
   const std::string token = Login();
   json screen = Send(token, Event(kMenu, "&Help"));
   EXPECT_EQ("/help/RT1_REFERENCE_TABLE_MAINT_MENU", screen["help"]);
@@ -435,7 +387,7 @@ TEST_P(MenuHttpTest, HelpNamesTheWindowsHelpPage) {
   EXPECT_FALSE(r->body.empty());
 }
 
-TEST_P(MenuHttpTest, RefusedEventsChangeNothing) {
+TEST_F(MenuHttpTest, RefusedEventsChangeNothing) {
   const std::string token = Login();
   const json before = Screen(token);
 
@@ -456,7 +408,7 @@ TEST_P(MenuHttpTest, RefusedEventsChangeNothing) {
   EXPECT_EQ(before, Screen(token));
 }
 
-TEST_P(MenuHttpTest, TokenIsNeeded) {
+TEST_F(MenuHttpTest, TokenIsNeeded) {
   auto r = client_->Get("/api/screen");
   ASSERT_TRUE(r);
   EXPECT_EQ(401, r->status);
@@ -468,7 +420,7 @@ TEST_P(MenuHttpTest, TokenIsNeeded) {
   Send("no-such-token", Event(kMenu, "&Help"), 401);
 }
 
-TEST_P(MenuHttpTest, SessionsAreSeparate) {
+TEST_F(MenuHttpTest, SessionsAreSeparate) {
   const std::string a = Login();
   const std::string b = Login();
   ASSERT_NE(a, b);
@@ -477,7 +429,7 @@ TEST_P(MenuHttpTest, SessionsAreSeparate) {
   EXPECT_EQ((std::vector<std::string>{kMenu, kMenuA}), WindowNames(Screen(a)));
 }
 
-TEST_P(MenuHttpTest, ClosingTheMenuEndsTheRun) {
+TEST_F(MenuHttpTest, ClosingTheMenuEndsTheRun) {
   const std::string token = Login();
   json screen = Send(token, Event(kMenu, "C&lose"));
   EXPECT_EQ(true, screen["ended"]);
@@ -485,7 +437,7 @@ TEST_P(MenuHttpTest, ClosingTheMenuEndsTheRun) {
   EXPECT_EQ(true, Screen(token)["ended"]);
 }
 
-TEST_P(MenuHttpTest, DeleteEndsTheSession) {
+TEST_F(MenuHttpTest, DeleteEndsTheSession) {
   const std::string token = Login();
   auto r = client_->Delete("/api/session", {{"Authorization", "Bearer " + token}});
   ASSERT_TRUE(r);
@@ -497,14 +449,10 @@ TEST_P(MenuHttpTest, DeleteEndsTheSession) {
   EXPECT_EQ(401, r->status);
 }
 
-INSTANTIATE_TEST_SUITE_P(Backends, MenuHttpTest, kBackends, BackendName);
-
-class ServeTest : public ::testing::TestWithParam<Backend> {};
-
-TEST_P(ServeTest, StopsCleanlyOnSigintAndSigterm) {
+TEST(ServeTest, StopsCleanlyOnSigintAndSigterm) {
   for (int sig : {SIGINT, SIGTERM}) {
     SCOPED_TRACE(strsignal(sig));
-    ServerProcess server(GetParam());
+    ServerProcess server;
     std::string error;
     ASSERT_TRUE(server.Start(&error)) << error;
     httplib::Client client("127.0.0.1", server.port());
@@ -516,8 +464,6 @@ TEST_P(ServeTest, StopsCleanlyOnSigintAndSigterm) {
     EXPECT_EQ(0, WEXITSTATUS(status));
   }
 }
-
-INSTANTIATE_TEST_SUITE_P(Backends, ServeTest, kBackends, BackendName);
 
 TEST(CommandLineTest, ExitStatuses) {
   struct Case {
@@ -556,20 +502,13 @@ TEST(CommandLineTest, ExitStatuses) {
   }
 }
 
-class DbCommandTest : public ::testing::TestWithParam<Backend> {};
-
-// The db commands on a fresh database: a dump before the schema is there,
-// init (twice), load, dump, a refused load.
-TEST_P(DbCommandTest, InitLoadDump) {
+// The db commands on an SQLite file: init (twice), load, dump, a refused
+// load, and a dump of a database that has no schema.
+TEST(CommandLineTest, DbInitLoadDump) {
   char dir_template[] = "/tmp/watrix_cli_test_XXXXXX";
   ASSERT_NE(nullptr, mkdtemp(dir_template));
   const std::string dir = dir_template;
-  std::string why_not;
-  const std::string db = NewDatabaseUrl(GetParam(), dir, &why_not);
-  ASSERT_NE("", db) << why_not;
-  // An SQLite file is not there yet; a PostgreSQL database is, without tables.
-  const std::string no_schema =
-      GetParam() == Backend::kSqlite ? "there is no database" : "the database has no schema";
+  const std::string db = "sqlite:" + dir + "/w.db";
   const std::string csv =
       "TSRLBRMK_IS_NUMBER,TSRLBRMK_ORG_ID,SHORT_NAME,DESCRIPTION_TEXT,D_USERID_CODE,"
       "D_LAST_UPDATE_TS\n"
@@ -591,7 +530,7 @@ TEST_P(DbCommandTest, InitLoadDump) {
     std::string err;  // expected in standard error ("" for anything)
   };
   const Step kSteps[] = {
-      {{"db", "dump", "--db", db, "TSRLBRMK"}, 1, "", no_schema},
+      {{"db", "dump", "--db", db, "TSRLBRMK"}, 1, "", "no database"},
       {{"db", "init", "--db", db}, 0, "schema ready: 33 tables", ""},
       {{"db", "init", "--db", db}, 0, "schema ready: 33 tables", ""},
       {{"db", "load", "--db", db, "TSRLBRMK", dir + "/remarks.csv"}, 0,
@@ -617,8 +556,6 @@ TEST_P(DbCommandTest, InitLoadDump) {
   EXPECT_EQ("", dump.err);
   std::filesystem::remove_all(dir);
 }
-
-INSTANTIATE_TEST_SUITE_P(Backends, DbCommandTest, kBackends, BackendName);
 
 }  // namespace
 }  // namespace watrix
