@@ -1,6 +1,8 @@
 // Tests of the window services against a fake WindowPort.
 #include "services/window.h"
 
+#include <cstdint>
+#include <cstring>
 #include <string>
 #include <vector>
 
@@ -56,12 +58,42 @@ TEST(WindowServicesTest, MissingPortOrFunctionDoesNothing) {
   EXPECT_TRUE(recorder.calls.empty());
 }
 
-TEST(WindowServicesTest, WindowObjectLeavesTheCellEmpty) {
+// This host has no window objects: the service leaves the cell exactly as
+// the caller left it and asks the host for nothing. The cell starts with a
+// value no service would write, so that any write to it shows.
+TEST(WindowServicesTest, WindowObjectLeavesTheCellAlone) {
+  Recorder recorder;
+  WindowPort port = FakePort(&recorder);
+  int marker = 0;
+  void* const kUntouched = &marker;
+  for (HandleB b : {static_cast<HandleB>(&port), static_cast<HandleB>(nullptr)}) {
+    SCOPED_TRACE(b == nullptr ? "without a port" : "with a port");
+    void* cell = kUntouched;
+    WindowObject(&cell, b);
+    EXPECT_EQ(kUntouched, cell);
+  }
+  // The one caller asks only while the cell is empty; it stays empty.
   void* cell = nullptr;
-  WindowObject(&cell, nullptr);
+  WindowObject(&cell, &port);
   EXPECT_EQ(nullptr, cell);
-  const int arguments[2] = {0, 450};
-  ObjectInvoke(nullptr, cell, "SetHeight", 2, arguments, 1);
+  EXPECT_TRUE(recorder.calls.empty());
+}
+
+// The method call changes neither its result cell nor its arguments, so the
+// window keeps its design height.
+TEST(WindowServicesTest, ObjectInvokeChangesNothing) {
+  Recorder recorder;
+  WindowPort port = FakePort(&recorder);
+  void* object = nullptr;
+  WindowObject(&object, &port);
+  unsigned char result[16];
+  std::memset(result, 0xA5, sizeof result);
+  std::int32_t arguments[2] = {0, 450};
+  ObjectInvoke(result, object, "SetHeight", 2, arguments, 1);
+  for (unsigned char byte : result) EXPECT_EQ(0xA5, byte);
+  EXPECT_EQ(0, arguments[0]);
+  EXPECT_EQ(450, arguments[1]);
+  EXPECT_TRUE(recorder.calls.empty());
 }
 
 }  // namespace

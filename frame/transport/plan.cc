@@ -295,12 +295,15 @@ std::unique_ptr<FlowPlan> BuildFlowPlan(const FlowBinding& flow) {
   return plan;
 }
 
+int plans_built = 0;
+
 template <typename Key, typename Plan, typename Build>
 const Plan& Cached(const Key& key, Build build) {
   static std::unordered_map<const Key*, std::unique_ptr<Plan>> cache;
   auto it = cache.find(&key);
   if (it != cache.end()) return *it->second;
   std::unique_ptr<Plan> plan = build(key);
+  ++plans_built;
   const Plan& ref = *plan;
   cache.emplace(&key, std::move(plan));
   return ref;
@@ -319,6 +322,8 @@ const WindowPlan& PlanForWindow(const WindowBinding& binding) {
 const FlowPlan& PlanForFlow(const FlowBinding& flow) {
   return Cached<FlowBinding, FlowPlan>(flow, BuildFlowPlan);
 }
+
+int PlansBuilt() { return plans_built; }
 
 }  // namespace lk::transport
 

@@ -96,6 +96,11 @@ const ViewPlan& PlanForViews(const ViewNameRow& views);
 const WindowPlan& PlanForWindow(const WindowBinding& binding);
 const FlowPlan& PlanForFlow(const FlowBinding& flow);
 
+// How many plans of any kind have been built since the process began; a
+// plan found in the cache does not count. Lets the tests see that a plan is
+// built once.
+int PlansBuilt();
+
 // ---- Addresses within views ----
 
 inline char* At(void* view, u32 location) { return static_cast<char*>(view) + location; }

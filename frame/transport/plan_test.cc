@@ -1,8 +1,10 @@
 // Tests of plan building: name resolution, the faults of the tables that
-// abort, and the field widths.
+// abort, a plan built once and found again, and the field widths.
+#include <cstddef>
 #include <cstdint>
 
 #include "frame/transport/plan.h"
+#include "frame/transport/plan_internal.h"
 #include "frame/transport/testutil.h"
 #include "gtest/gtest.h"
 
@@ -87,13 +89,87 @@ TEST_F(PlanDeathTest, StorageMustFitTheType) {
   EXPECT_DEATH(PrepareViews(kBadStorage), "NUMBER");
 }
 
+// Copies of the shared test bindings at addresses of their own, so that no
+// other test of this program has built their plans before.
+const ViewNameRow& FreshItemViews() {
+  static const ViewNameRow views = {"FRESH_ITEM", kItemViews.view_rows, kItemViews.group_rows,
+                                    kItemViews.procedure_id};
+  return views;
+}
+
+const ViewNameRow& FreshEntryViews() {
+  static const ViewNameRow views = {"FRESH_ENTRY", kEntryViews.view_rows,
+                                    kEntryViews.group_rows, kEntryViews.procedure_id};
+  return views;
+}
+
+const WindowBinding& FreshItemWindow() {
+  static const WindowBinding binding = {kItemWindow.window, &FreshItemViews(),
+                                        kItemWindow.fields};
+  return binding;
+}
+
+const FlowBinding& FreshItemToEntry() {
+  static const FlowBinding flow = {&FreshItemViews(), &FreshEntryViews(), kItemToEntry.send,
+                                   kItemToEntry.receive};
+  return flow;
+}
+
 TEST(PlanTest, GoodTablesPrepareAndPrepareAgain) {
-  PrepareViews(kItemViews);
-  PrepareViews(kEntryViews);
-  PrepareWindow(kItemWindow);
-  PrepareWindow(kItemWindow);
-  PrepareFlow(kItemToEntry);
-  SUCCEED();
+  using transport::FieldKind;
+  using transport::PlanForFlow;
+  using transport::PlanForViews;
+  using transport::PlanForWindow;
+  using transport::PlansBuilt;
+  const ViewNameRow& items = FreshItemViews();
+  const ViewNameRow& entries = FreshEntryViews();
+  const WindowBinding& window = FreshItemWindow();
+  const FlowBinding& flow = FreshItemToEntry();
+  const int before = PlansBuilt();
+
+  // Views: built by Prepare, found afterwards.
+  PrepareViews(items);
+  ASSERT_EQ(before + 1, PlansBuilt());
+  const transport::ViewPlan& item_plan = PlanForViews(items);
+  EXPECT_EQ(before + 1, PlansBuilt());
+  EXPECT_EQ(&items, item_plan.views);
+  EXPECT_EQ(9u, item_plan.attributes.size());
+  EXPECT_EQ(6u, item_plan.singles.size());
+  ASSERT_EQ(1u, item_plan.groups.size());
+  EXPECT_EQ(kRows, item_plan.groups[0].limit);
+  EXPECT_EQ(3u, item_plan.groups[0].columns.size());
+  PrepareViews(items);
+  EXPECT_EQ(before + 1, PlansBuilt());
+  EXPECT_EQ(&item_plan, &PlanForViews(items));
+
+  // A window: one plan more, on the views' plan already built.
+  PrepareWindow(window);
+  ASSERT_EQ(before + 2, PlansBuilt());
+  const transport::WindowPlan& window_plan = PlanForWindow(window);
+  EXPECT_EQ(&item_plan, window_plan.view);
+  ASSERT_EQ(static_cast<std::size_t>(kFieldCount), window_plan.fields.size());
+  EXPECT_EQ(FieldKind::kEntry, window_plan.fields[ItemField::kCode].kind);
+  EXPECT_EQ(FieldKind::kOption, window_plan.fields[ItemField::kFlag].kind);
+  EXPECT_EQ(FieldKind::kList, window_plan.fields[ItemField::kList].kind);
+  EXPECT_EQ(static_cast<u32>(kItemRowSize), window_plan.fields[ItemField::kList].row_size);
+  EXPECT_EQ(FieldKind::kNone, window_plan.fields[ItemField::kButton].kind);
+  PrepareWindow(window);
+  EXPECT_EQ(before + 2, PlansBuilt());
+  EXPECT_EQ(&window_plan, &PlanForWindow(window));
+
+  // A flow: its own plan and the target's views; the source's are reused.
+  PrepareFlow(flow);
+  ASSERT_EQ(before + 4, PlansBuilt());
+  const transport::FlowPlan& flow_plan = PlanForFlow(flow);
+  EXPECT_EQ(&item_plan, flow_plan.source);
+  EXPECT_EQ(&PlanForViews(entries), flow_plan.target);
+  EXPECT_EQ(&entries, flow_plan.target->views);
+  EXPECT_EQ(3u, flow_plan.send.size());
+  EXPECT_EQ(2u, flow_plan.receive.size());
+  PrepareFlow(flow);
+  PrepareViews(entries);
+  EXPECT_EQ(before + 4, PlansBuilt());
+  EXPECT_EQ(&flow_plan, &PlanForFlow(flow));
 }
 
 TEST(PlanTest, FieldTextWidths) {

@@ -1,7 +1,12 @@
 // End-to-end tests of the watrix program: starts `watrix serve` as a child
 // process on a free port, reads the address it prints, and drives the menu
 // over HTTP as the page or a script would. Also checks the command line's
-// exit statuses and the clean stop on SIGINT and SIGTERM.
+// exit statuses, the db commands and the clean stop on SIGINT and SIGTERM.
+//
+// The tests that touch a database run once on each backend: on a fresh
+// SQLite file, and on a fresh database of the private PostgreSQL cluster
+// (tests/pg). When the cluster cannot run, the PostgreSQL cases fail with
+// the reason; they are never skipped.
 //
 // The program is $WATRIX_BUILD/watrix; its module libraries lie beside it.
 // Every child started here is killed before the test program ends.
@@ -18,6 +23,7 @@
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
+#include <ostream>
 #include <regex>
 #include <string>
 #include <thread>
@@ -26,6 +32,8 @@
 #include <gtest/gtest.h>
 #include <httplib.h>
 #include <nlohmann/json.hpp>
+
+#include "tests/pg/pg_cluster.h"
 
 extern char** environ;
 
@@ -37,6 +45,39 @@ using nlohmann::json;
 constexpr char kMenu[] = "RT1_REFERENCE_TABLE_MAINT_MENU";
 constexpr char kMenuA[] = "RT1A_REFERENCE_TABLE_MAINT_MENU";
 constexpr char kCharSelect[] = "RT1B_CHAR_TYPE_SELECT";
+
+enum class Backend { kSqlite, kPostgres };
+
+const auto kBackends = ::testing::Values(Backend::kSqlite, Backend::kPostgres);
+
+std::string BackendName(const ::testing::TestParamInfo<Backend>& info) {
+  return info.param == Backend::kSqlite ? "Sqlite" : "Postgres";
+}
+
+void PrintTo(Backend backend, std::ostream* out) {
+  *out << (backend == Backend::kSqlite ? "SQLite" : "PostgreSQL");
+}
+
+// The URL of a fresh, empty database of `backend`: an SQLite file in folder
+// `dir`, or a new database of the private cluster. "" with *why_not set when
+// there is none.
+std::string NewDatabaseUrl(Backend backend, const std::string& dir, std::string* why_not) {
+  if (backend == Backend::kSqlite) {
+    if (dir.empty()) {
+      *why_not = "no scratch folder under /tmp";
+      return "";
+    }
+    return "sqlite:" + dir + "/watrix.db";
+  }
+  testing::PgCluster& cluster = testing::PgCluster::Shared();
+  if (!cluster.Available()) {
+    *why_not = "PostgreSQL test cluster: " + cluster.why_not();
+    return "";
+  }
+  std::string url = cluster.NewDatabase();
+  if (url.empty()) *why_not = "PostgreSQL test cluster: CREATE DATABASE failed";
+  return url;
+}
 
 std::string ProgramPath() {
   const char* build = std::getenv("WATRIX_BUILD");
@@ -95,10 +136,10 @@ int WaitOrKill(pid_t pid, int seconds) {
   return status;
 }
 
-// A `watrix serve` child with its own database folder.
+// A `watrix serve` child on a fresh database of its own, of `backend`.
 class ServerProcess {
  public:
-  ServerProcess() {
+  explicit ServerProcess(Backend backend) : backend_(backend) {
     char dir[] = "/tmp/watrix_http_test_XXXXXX";
     if (mkdtemp(dir)) dir_ = dir;
   }
@@ -108,11 +149,13 @@ class ServerProcess {
     if (!dir_.empty()) std::filesystem::remove_all(dir_);
   }
 
-  // Starts the server and waits up to 30 s for its address line.
+  // Makes the database, starts the server and waits up to 30 s for its
+  // address line.
   bool Start(std::string* error) {
-    pid_ = Spawn({ProgramPath(), "serve", "--listen", "127.0.0.1:0", "--db",
-                  "sqlite:" + dir_ + "/watrix.db"},
-                 &out_fd_, nullptr);
+    const std::string db = NewDatabaseUrl(backend_, dir_, error);
+    if (db.empty()) return false;
+    pid_ = Spawn({ProgramPath(), "serve", "--listen", "127.0.0.1:0", "--db", db}, &out_fd_,
+                 nullptr);
     if (pid_ < 0) {
       *error = "cannot start " + ProgramPath();
       return false;
@@ -160,6 +203,7 @@ class ServerProcess {
   int port() const { return port_; }
 
  private:
+  Backend backend_;
   std::string dir_;
   pid_t pid_ = -1;
   int out_fd_ = -1;
@@ -197,24 +241,30 @@ std::vector<std::string> WindowNames(const json& screen) {
   return names;
 }
 
-class MenuHttpTest : public testing::Test {
+// The menu over HTTP. The tests of one backend share a server, started by
+// the first of them; each works in sessions of its own.
+class MenuHttpTest : public ::testing::TestWithParam<Backend> {
  protected:
-  static void SetUpTestSuite() {
-    server_ = new ServerProcess;
-    std::string error;
-    if (!server_->Start(&error)) start_error_ = new std::string(error);
-  }
+  // One server per backend, and why it did not start.
+  struct Shared {
+    std::unique_ptr<ServerProcess> server;
+    std::string start_error;
+  };
 
   static void TearDownTestSuite() {
-    delete server_;
-    server_ = nullptr;
-    delete start_error_;
-    start_error_ = nullptr;
+    for (Shared& shared : shared_) shared = Shared();
   }
 
   void SetUp() override {
-    ASSERT_EQ(nullptr, start_error_) << *start_error_;
-    client_ = std::make_unique<httplib::Client>("127.0.0.1", server_->port());
+    Shared& shared = shared_[static_cast<int>(GetParam())];
+    if (shared.server == nullptr) {
+      shared.server = std::make_unique<ServerProcess>(GetParam());
+      if (!shared.server->Start(&shared.start_error) && shared.start_error.empty()) {
+        shared.start_error = "the server did not start";
+      }
+    }
+    ASSERT_EQ("", shared.start_error);
+    client_ = std::make_unique<httplib::Client>("127.0.0.1", shared.server->port());
     client_->set_read_timeout(30, 0);
   }
 
@@ -261,15 +311,13 @@ class MenuHttpTest : public testing::Test {
     return json::parse(r->body, nullptr, false);
   }
 
-  static ServerProcess* server_;
-  static std::string* start_error_;
+  static Shared shared_[2];
   std::unique_ptr<httplib::Client> client_;
 };
 
-ServerProcess* MenuHttpTest::server_ = nullptr;
-std::string* MenuHttpTest::start_error_ = nullptr;
+MenuHttpTest::Shared MenuHttpTest::shared_[2];
 
-TEST_F(MenuHttpTest, CreateSessionOpensTheMenu) {
+TEST_P(MenuHttpTest, CreateSessionOpensTheMenu) {
   auto r = CreateSession({{"user", "JSMITH"}, {"org", "ZZZZZZZZ"}});
   ASSERT_TRUE(r);
   ASSERT_EQ(201, r->status) << r->body;
@@ -291,7 +339,7 @@ TEST_F(MenuHttpTest, CreateSessionOpensTheMenu) {
   EXPECT_EQ(screen, Screen(token));
 }
 
-TEST_F(MenuHttpTest, UserAndOrgAreOneToEightCharacters) {
+TEST_P(MenuHttpTest, UserAndOrgAreOneToEightCharacters) {
   struct Case {
     const char* user;
     const char* org;
@@ -322,7 +370,7 @@ TEST_F(MenuHttpTest, UserAndOrgAreOneToEightCharacters) {
   }
 }
 
-TEST_F(MenuHttpTest, AdditionalTablesOpensOnTopAndCloses) {
+TEST_P(MenuHttpTest, AdditionalTablesOpensOnTopAndCloses) {
   const std::string token = Login();
   json screen = Send(token, Event(kMenu, "Additional Tables >>>"));
   ASSERT_EQ((std::vector<std::string>{kMenu, kMenuA}), WindowNames(screen));
@@ -338,7 +386,7 @@ TEST_F(MenuHttpTest, AdditionalTablesOpensOnTopAndCloses) {
   EXPECT_EQ(false, screen["ended"]);
 }
 
-TEST_F(MenuHttpTest, CharacteristicOpensTheTypeSelection) {
+TEST_P(MenuHttpTest, CharacteristicOpensTheTypeSelection) {
   const std::string token = Login();
   json screen = Send(token, Event(kMenu, "&Characteristic"));
   ASSERT_EQ((std::vector<std::string>{kMenu, kCharSelect}), WindowNames(screen));
@@ -346,7 +394,7 @@ TEST_F(MenuHttpTest, CharacteristicOpensTheTypeSelection) {
   EXPECT_EQ(std::vector<std::string>{kMenu}, WindowNames(screen));
 }
 
-TEST_F(MenuHttpTest, FlowToAMissingProcedureSaysSo) {
+TEST_P(MenuHttpTest, FlowToAMissingProcedureSaysSo) {
   struct Case {
     const char* control;
     const char* text;
@@ -374,7 +422,7 @@ TEST_F(MenuHttpTest, FlowToAMissingProcedureSaysSo) {
   EXPECT_EQ((std::vector<std::string>{kMenu, kMenuA}), WindowNames(screen));
 }
 
-TEST_F(MenuHttpTest, HelpNamesTheWindowsHelpPage) {
+TEST_P(MenuHttpTest, HelpNamesTheWindowsHelpPage) {
   const std::string token = Login();
   json screen = Send(token, Event(kMenu, "&Help"));
   EXPECT_EQ("/help/RT1_REFERENCE_TABLE_MAINT_MENU", screen["help"]);
@@ -387,7 +435,7 @@ TEST_F(MenuHttpTest, HelpNamesTheWindowsHelpPage) {
   EXPECT_FALSE(r->body.empty());
 }
 
-TEST_F(MenuHttpTest, RefusedEventsChangeNothing) {
+TEST_P(MenuHttpTest, RefusedEventsChangeNothing) {
   const std::string token = Login();
   const json before = Screen(token);
 
@@ -408,7 +456,7 @@ TEST_F(MenuHttpTest, RefusedEventsChangeNothing) {
   EXPECT_EQ(before, Screen(token));
 }
 
-TEST_F(MenuHttpTest, TokenIsNeeded) {
+TEST_P(MenuHttpTest, TokenIsNeeded) {
   auto r = client_->Get("/api/screen");
   ASSERT_TRUE(r);
   EXPECT_EQ(401, r->status);
@@ -420,7 +468,7 @@ TEST_F(MenuHttpTest, TokenIsNeeded) {
   Send("no-such-token", Event(kMenu, "&Help"), 401);
 }
 
-TEST_F(MenuHttpTest, SessionsAreSeparate) {
+TEST_P(MenuHttpTest, SessionsAreSeparate) {
   const std::string a = Login();
   const std::string b = Login();
   ASSERT_NE(a, b);
@@ -429,7 +477,7 @@ TEST_F(MenuHttpTest, SessionsAreSeparate) {
   EXPECT_EQ((std::vector<std::string>{kMenu, kMenuA}), WindowNames(Screen(a)));
 }
 
-TEST_F(MenuHttpTest, ClosingTheMenuEndsTheRun) {
+TEST_P(MenuHttpTest, ClosingTheMenuEndsTheRun) {
   const std::string token = Login();
   json screen = Send(token, Event(kMenu, "C&lose"));
   EXPECT_EQ(true, screen["ended"]);
@@ -437,7 +485,7 @@ TEST_F(MenuHttpTest, ClosingTheMenuEndsTheRun) {
   EXPECT_EQ(true, Screen(token)["ended"]);
 }
 
-TEST_F(MenuHttpTest, DeleteEndsTheSession) {
+TEST_P(MenuHttpTest, DeleteEndsTheSession) {
   const std::string token = Login();
   auto r = client_->Delete("/api/session", {{"Authorization", "Bearer " + token}});
   ASSERT_TRUE(r);
@@ -449,10 +497,14 @@ TEST_F(MenuHttpTest, DeleteEndsTheSession) {
   EXPECT_EQ(401, r->status);
 }
 
-TEST(ServeTest, StopsCleanlyOnSigintAndSigterm) {
+INSTANTIATE_TEST_SUITE_P(Backends, MenuHttpTest, kBackends, BackendName);
+
+class ServeTest : public ::testing::TestWithParam<Backend> {};
+
+TEST_P(ServeTest, StopsCleanlyOnSigintAndSigterm) {
   for (int sig : {SIGINT, SIGTERM}) {
     SCOPED_TRACE(strsignal(sig));
-    ServerProcess server;
+    ServerProcess server(GetParam());
     std::string error;
     ASSERT_TRUE(server.Start(&error)) << error;
     httplib::Client client("127.0.0.1", server.port());
@@ -464,6 +516,8 @@ TEST(ServeTest, StopsCleanlyOnSigintAndSigterm) {
     EXPECT_EQ(0, WEXITSTATUS(status));
   }
 }
+
+INSTANTIATE_TEST_SUITE_P(Backends, ServeTest, kBackends, BackendName);
 
 TEST(CommandLineTest, ExitStatuses) {
   struct Case {
@@ -502,13 +556,20 @@ TEST(CommandLineTest, ExitStatuses) {
   }
 }
 
-// The db commands on an SQLite file: init (twice), load, dump, a refused
-// load, and a dump of a database that has no schema.
-TEST(CommandLineTest, DbInitLoadDump) {
+class DbCommandTest : public ::testing::TestWithParam<Backend> {};
+
+// The db commands on a fresh database: a dump before the schema is there,
+// init (twice), load, dump, a refused load.
+TEST_P(DbCommandTest, InitLoadDump) {
   char dir_template[] = "/tmp/watrix_cli_test_XXXXXX";
   ASSERT_NE(nullptr, mkdtemp(dir_template));
   const std::string dir = dir_template;
-  const std::string db = "sqlite:" + dir + "/w.db";
+  std::string why_not;
+  const std::string db = NewDatabaseUrl(GetParam(), dir, &why_not);
+  ASSERT_NE("", db) << why_not;
+  // An SQLite file is not there yet; a PostgreSQL database is, without tables.
+  const std::string no_schema =
+      GetParam() == Backend::kSqlite ? "there is no database" : "the database has no schema";
   const std::string csv =
       "TSRLBRMK_IS_NUMBER,TSRLBRMK_ORG_ID,SHORT_NAME,DESCRIPTION_TEXT,D_USERID_CODE,"
       "D_LAST_UPDATE_TS\n"
@@ -530,7 +591,7 @@ TEST(CommandLineTest, DbInitLoadDump) {
     std::string err;  // expected in standard error ("" for anything)
   };
   const Step kSteps[] = {
-      {{"db", "dump", "--db", db, "TSRLBRMK"}, 1, "", "no database"},
+      {{"db", "dump", "--db", db, "TSRLBRMK"}, 1, "", no_schema},
       {{"db", "init", "--db", db}, 0, "schema ready: 33 tables", ""},
       {{"db", "init", "--db", db}, 0, "schema ready: 33 tables", ""},
       {{"db", "load", "--db", db, "TSRLBRMK", dir + "/remarks.csv"}, 0,
@@ -556,6 +617,8 @@ TEST(CommandLineTest, DbInitLoadDump) {
   EXPECT_EQ("", dump.err);
   std::filesystem::remove_all(dir);
 }
+
+INSTANTIATE_TEST_SUITE_P(Backends, DbCommandTest, kBackends, BackendName);
 
 }  // namespace
 }  // namespace watrix
