@@ -127,9 +127,9 @@ class HostImpl : public Host {
     }
     // The session's own connection, made here rather than on the runtime
     // thread, so that a slow login holds up no other session's events.
-    std::unique_ptr<StorePort> store;
+    std::unique_ptr<lk::StorePort> store;
     if (options_.database.empty()) {
-      store = std::make_unique<NullStore>();
+      store = std::make_unique<lk::NullStore>();
     } else {
       std::string url = options_.database;
       if (options_.auth == "database")

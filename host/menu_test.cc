@@ -383,7 +383,7 @@ TEST(HeadTest, ModuleExportsWinHeadAndNothingElse) {
 class MenuTest : public ::testing::Test {
  protected:
   void SetUp() override {
-    session_ = std::make_unique<Session>(MutableModules(), std::make_unique<NullStore>(),
+    session_ = std::make_unique<Session>(MutableModules(), std::make_unique<lk::NullStore>(),
                                          SystemClock());
     ASSERT_EQ("", session_->Start("JSMITH", "ZZZZZZZZ", StartRequest{}));
   }
@@ -556,7 +556,7 @@ TEST_F(MenuTest, ControlIsMatchedByIdDigitsLabelOrName) {
 class MenuCommandTest : public ::testing::Test {
  protected:
   Session* StartWith(const std::string& command) {
-    session_ = std::make_unique<Session>(MutableModules(), std::make_unique<NullStore>(),
+    session_ = std::make_unique<Session>(MutableModules(), std::make_unique<lk::NullStore>(),
                                          SystemClock());
     StartRequest start;
     start.command = command;

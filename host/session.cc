@@ -116,7 +116,7 @@ Clock SystemClock() {
   };
 }
 
-Session::Session(Modules* modules, std::unique_ptr<StorePort> store, Clock clock)
+Session::Session(Modules* modules, std::unique_ptr<lk::StorePort> store, Clock clock)
     : modules_(modules), store_(std::move(store)), clock_(std::move(clock)) {
   database_area_.assign(lk::kDatabaseAreaSize, '\0');
   session_port_ = {this, PortClock, store_->ModuleHandle()};
