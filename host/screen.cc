@@ -1,4 +1,7 @@
-// Building the WINDOW JSON of an open window.
+// Building the WINDOW JSON of an open window. The texts of the window
+// (title, labels, button texts, column headings, option texts of the string
+// table) go out exactly as the dialog template has them, trailing and inner
+// blanks included; values and list cells lose their trailing blanks.
 #include "host/screen.h"
 
 #include <cstdio>
@@ -62,8 +65,9 @@ nlohmann::json Options(const Field& f, const ModuleImage& module) {
   if (values == nullptr || values->permitted == nullptr) return options;
   int i = 0;
   for (const lk::PermittedRow* p = values->permitted; p->literal != nullptr; ++p, ++i) {
-    std::string text = p->literal;
-    // A drop-down's item i holds the string-table id of its text.
+    std::string text = TrimRight(p->literal);
+    // A drop-down's item i holds the string-table id of its text, given as
+    // the string table has it.
     if (f.tag == lk::kTagDropDown && items != nullptr) {
       const lk::u32* item = items;
       for (int k = 0; k < i && *item != 0; ++k) ++item;
@@ -73,7 +77,7 @@ nlohmann::json Options(const Field& f, const ModuleImage& module) {
       }
     }
     options.push_back({{"value", lk::Cp1252ToUtf8(TrimRight(p->literal))},
-                       {"text", lk::Cp1252ToUtf8(TrimRight(text))}});
+                       {"text", lk::Cp1252ToUtf8(text)}});
   }
   return options;
 }
@@ -194,7 +198,7 @@ nlohmann::json WindowJson(const OpenWindow& window, const ModuleImage& module,
             listed.insert(h->id);
           }
         }
-        columns.push_back({{"heading", lk::Cp1252ToUtf8(TrimRight(heading))},
+        columns.push_back({{"heading", lk::Cp1252ToUtf8(heading)},
                            {"attribute", std::move(attribute)},
                            {"right", col->right_edge},
                            {"align", std::string(1, static_cast<char>(col->alignment))}});
