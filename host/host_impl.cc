@@ -8,11 +8,11 @@
 #include <random>
 #include <stdexcept>
 
-#include "host/cp1252.h"
 #include "host/host.h"
 #include "host/modules.h"
 #include "host/runtime.h"
 #include "host/session.h"
+#include "services/cp1252.h"
 #include "store/database.h"
 #include "store/schema.h"
 #include "store/store_port.h"
@@ -42,7 +42,7 @@ bool Identity(const nlohmann::json& request, const char* key, std::string* out,
     *why = std::string("\"") + key + "\" must be a text";
     return false;
   }
-  if (!Utf8ToCp1252(request[key].get<std::string>(), out, why)) {
+  if (!lk::Utf8ToCp1252(request[key].get<std::string>(), out, why)) {
     *why = std::string("\"") + key + "\": " + *why;
     return false;
   }
@@ -111,7 +111,7 @@ class HostImpl : public Host {
       }
       if (s.contains("command")) {
         if (!s["command"].is_string() ||
-            !Utf8ToCp1252(s["command"].get<std::string>(), &start.command, &why) ||
+            !lk::Utf8ToCp1252(s["command"].get<std::string>(), &start.command, &why) ||
             start.command.size() > 80)
           return Refuse(400, "\"command\" must be a text of at most 80 characters");
       }
@@ -119,7 +119,7 @@ class HostImpl : public Host {
         if (!s["import"].is_object()) return Refuse(400, "\"import\" must be an object");
         for (const auto& [name, value] : s["import"].items()) {
           std::string text;
-          if (!value.is_string() || !Utf8ToCp1252(value.get<std::string>(), &text, &why))
+          if (!value.is_string() || !lk::Utf8ToCp1252(value.get<std::string>(), &text, &why))
             return Refuse(400, "import " + name + " must be a text of code page 1252");
           start.import.emplace_back(name, text);
         }
@@ -127,9 +127,9 @@ class HostImpl : public Host {
     }
     // The session's own connection, made here rather than on the runtime
     // thread, so that a slow login holds up no other session's events.
-    std::unique_ptr<StorePort> store;
+    std::unique_ptr<lk::StorePort> store;
     if (options_.database.empty()) {
-      store = std::make_unique<NullStore>();
+      store = std::make_unique<lk::NullStore>();
     } else {
       std::string url = options_.database;
       if (options_.auth == "database")

@@ -38,6 +38,31 @@ TEST(ResourcesTest, ParsesDialogsAndStrings) {
             r.strings[1]);
 }
 
+TEST(ResourcesTest, TextsKeepEveryBlank) {
+  const char* text =
+      "dialog 20 \" Title  with blanks \" 100 50 style 0\n"
+      "  static 21 \"Description \" 7 7 40 8 attribute DESCRIPTION_TEXT\n"
+      "  static 22 \"Two  blanks\" 7 20 40 8\n"
+      "  button 23 \"  \" 7 30 50 14\n"
+      "end\n"
+      "strings\n"
+      "  3 \" Help\"\n"
+      "  4 \"An error.  Contact us.  \"\n"
+      "end\n";
+  Resources r;
+  std::string error;
+  ASSERT_TRUE(ParseResources(text, &r, &error)) << error;
+  const Dialog* d = r.FindDialog(20);
+  ASSERT_NE(nullptr, d);
+  EXPECT_EQ(" Title  with blanks ", d->title);
+  EXPECT_EQ("Description ", d->Find(21)->text);
+  EXPECT_EQ("DESCRIPTION_TEXT", d->Find(21)->attribute);
+  EXPECT_EQ("Two  blanks", d->Find(22)->text);
+  EXPECT_EQ("  ", d->Find(23)->text);
+  EXPECT_EQ(" Help", r.strings[3]);
+  EXPECT_EQ("An error.  Contact us.  ", r.strings[4]);
+}
+
 TEST(ResourcesTest, RefusesBrokenTextNamingTheLine) {
   struct Case {
     const char* text;

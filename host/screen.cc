@@ -1,4 +1,7 @@
-// Building the WINDOW JSON of an open window.
+// Building the WINDOW JSON of an open window. The texts of the window
+// (title, labels, button texts, column headings, option texts of the string
+// table) go out exactly as the dialog template has them, trailing and inner
+// blanks included; values and list cells lose their trailing blanks.
 #include "host/screen.h"
 
 #include <cstdio>
@@ -7,7 +10,7 @@
 #include <string>
 
 #include "frame/views.h"
-#include "host/cp1252.h"
+#include "services/cp1252.h"
 #include "services/timestamp.h"
 
 namespace watrix {
@@ -62,8 +65,9 @@ nlohmann::json Options(const Field& f, const ModuleImage& module) {
   if (values == nullptr || values->permitted == nullptr) return options;
   int i = 0;
   for (const lk::PermittedRow* p = values->permitted; p->literal != nullptr; ++p, ++i) {
-    std::string text = p->literal;
-    // A drop-down's item i holds the string-table id of its text.
+    std::string text = TrimRight(p->literal);
+    // A drop-down's item i holds the string-table id of its text, given as
+    // the string table has it.
     if (f.tag == lk::kTagDropDown && items != nullptr) {
       const lk::u32* item = items;
       for (int k = 0; k < i && *item != 0; ++k) ++item;
@@ -72,8 +76,8 @@ nlohmann::json Options(const Field& f, const ModuleImage& module) {
         if (s != module.resources().strings.end()) text = s->second;
       }
     }
-    options.push_back({{"value", Cp1252ToUtf8(TrimRight(p->literal))},
-                       {"text", Cp1252ToUtf8(TrimRight(text))}});
+    options.push_back({{"value", lk::Cp1252ToUtf8(TrimRight(p->literal))},
+                       {"text", lk::Cp1252ToUtf8(text)}});
   }
   return options;
 }
@@ -130,7 +134,7 @@ nlohmann::json WindowJson(const OpenWindow& window, const ModuleImage& module,
   const Dialog* dialog = window.dialog();
   nlohmann::json w;
   w["name"] = window.row()->name;
-  w["title"] = dialog != nullptr ? Cp1252ToUtf8(dialog->title) : window.row()->name;
+  w["title"] = dialog != nullptr ? lk::Cp1252ToUtf8(dialog->title) : window.row()->name;
   w["procedure"] = procedure_name;
   w["kind"] = window.row()->kind;
   w["width"] = dialog != nullptr ? dialog->width : 316;
@@ -155,7 +159,7 @@ nlohmann::json WindowJson(const OpenWindow& window, const ModuleImage& module,
         listed.insert(l->id);
       }
     }
-    c["label"] = Cp1252ToUtf8(label);
+    c["label"] = lk::Cp1252ToUtf8(label);
     c["attribute"] = f.attribute.empty() ? nlohmann::json(nullptr) : nlohmann::json(f.attribute);
     const lk::ActionControlRow* a = window.ActionOf(id);
     c["keyword"] = (a != nullptr && a->command != nullptr && a->command[0] != '\0')
@@ -166,7 +170,7 @@ nlohmann::json WindowJson(const OpenWindow& window, const ModuleImage& module,
     const std::string display = Display(f.buffer.data());
     const bool field = f.tag != lk::kTagButton && f.tag != lk::kTagScroll && f.tag != 0 &&
                        f.tag != lk::kTagList && f.tag != lk::kTagColumnDropDown;
-    c["value"] = field ? Cp1252ToUtf8(TrimRight(f.value)) : "";
+    c["value"] = field ? lk::Cp1252ToUtf8(TrimRight(f.value)) : "";
     c["display"] = field ? display : "      ";
     c["focus"] = field && display[1] == 'i';
     c["error"] = field && display.compare(0, 2, "10") == 0;
@@ -194,7 +198,7 @@ nlohmann::json WindowJson(const OpenWindow& window, const ModuleImage& module,
             listed.insert(h->id);
           }
         }
-        columns.push_back({{"heading", Cp1252ToUtf8(TrimRight(heading))},
+        columns.push_back({{"heading", lk::Cp1252ToUtf8(heading)},
                            {"attribute", std::move(attribute)},
                            {"right", col->right_edge},
                            {"align", std::string(1, static_cast<char>(col->alignment))}});
@@ -208,7 +212,7 @@ nlohmann::json WindowJson(const OpenWindow& window, const ModuleImage& module,
           std::string cell;
           if (at + ColumnStorage(*type) <= static_cast<int>(lr.buffer.size()))
             cell = CellText(*type, lr.buffer.data() + at);
-          cells.push_back(Cp1252ToUtf8(cell));
+          cells.push_back(lk::Cp1252ToUtf8(cell));
         }
         rows.push_back({{"row", lr.row_number},
                         {"cells", std::move(cells)},
@@ -230,7 +234,7 @@ nlohmann::json WindowJson(const OpenWindow& window, const ModuleImage& module,
         if ((s->id_kind >> 16) == r.id && s->design_name != nullptr) design = s->design_name;
       c["name"] = design;
       c["type"] = r.kind;
-      c["label"] = Cp1252ToUtf8(r.text);
+      c["label"] = lk::Cp1252ToUtf8(r.text);
       c["attribute"] = nullptr;
       c["keyword"] = nullptr;
       Place(&c, &r);

@@ -12,7 +12,10 @@
 namespace watrix {
 
 // Controls in tab order (the ControlRows), then the static texts and group
-// boxes of the template. Texts are UTF-8.
+// boxes of the template. Texts are UTF-8. The window's own texts (title,
+// labels, button texts, column headings, option texts from the string table)
+// are the template's to the byte, blanks included ("Description "); values
+// and list cells have their trailing blanks removed.
 nlohmann::json WindowJson(const OpenWindow& window, const ModuleImage& module,
                           const char* procedure_name);
 

@@ -10,8 +10,8 @@
 #include <ctime>
 
 #include "frame/views.h"
-#include "host/cp1252.h"
 #include "host/screen.h"
+#include "services/cp1252.h"
 #include "services/text.h"
 
 namespace watrix {
@@ -76,12 +76,12 @@ bool NumberFits(const std::string& text, const lk::AttributeType& type, std::str
     } else if (t[i] == '.' && !point) {
       point = true;
     } else {
-      *why = "value '" + Cp1252ToUtf8(text) + "' is no number";
+      *why = "value '" + lk::Cp1252ToUtf8(text) + "' is no number";
       return false;
     }
   }
   if (!digits) {
-    *why = "value '" + Cp1252ToUtf8(text) + "' is no number";
+    *why = "value '" + lk::Cp1252ToUtf8(text) + "' is no number";
     return false;
   }
   const int length = static_cast<int>(type.length & 0xFFFF);
@@ -94,7 +94,7 @@ bool NumberFits(const std::string& text, const lk::AttributeType& type, std::str
                                    std::min(first, dot == std::string::npos ? t.size() : dot));
   }
   if (significant > length - decimals) {
-     *why = "number '" + Cp1252ToUtf8(text) + "' has more than " + std::to_string(length - decimals) +
+     *why = "number '" + lk::Cp1252ToUtf8(text) + "' has more than " + std::to_string(length - decimals) +
            " digits before the point";
     return false;
   }
@@ -116,7 +116,7 @@ Clock SystemClock() {
   };
 }
 
-Session::Session(Modules* modules, std::unique_ptr<StorePort> store, Clock clock)
+Session::Session(Modules* modules, std::unique_ptr<lk::StorePort> store, Clock clock)
     : modules_(modules), store_(std::move(store)), clock_(std::move(clock)) {
   database_area_.assign(lk::kDatabaseAreaSize, '\0');
   session_port_ = {this, PortClock, store_->ModuleHandle()};
@@ -376,12 +376,12 @@ void Session::EndCall(Activation* act) {
     const char* statement = rc_.statement != nullptr ? rc_.statement : "";
     std::string database(database_area_.data(), strnlen(database_area_.data(), database_area_.size()));
     failure_ = {
-        {"unit_name", Cp1252ToUtf8(Trimmed(rc_.unit_name, sizeof rc_.unit_name))},
+        {"unit_name", lk::Cp1252ToUtf8(Trimmed(rc_.unit_name, sizeof rc_.unit_name))},
         {"unit_number", Trimmed(rc_.unit_number, sizeof rc_.unit_number)},
-        {"statement", Cp1252ToUtf8(Trimmed(statement, 10))},
+        {"statement", lk::Cp1252ToUtf8(Trimmed(statement, 10))},
         {"status", Trimmed(rc_.status, sizeof rc_.status)},
         {"status_detail", Trimmed(rc_.status_detail, sizeof rc_.status_detail)},
-        {"database", Cp1252ToUtf8(database)},
+        {"database", lk::Cp1252ToUtf8(database)},
     };
     return;
   }
@@ -420,7 +420,7 @@ void Session::Redisplay(Activation* act) {
   }
   if (rc_.message_kind != 'N') {
     message_ = nlohmann::json{{"kind", std::string(1, rc_.message_kind)},
-                              {"text", Cp1252ToUtf8(Trimmed(rc_.exit_message, sizeof rc_.exit_message))}};
+                              {"text", lk::Cp1252ToUtf8(Trimmed(rc_.exit_message, sizeof rc_.exit_message))}};
   }
 }
 
@@ -552,10 +552,10 @@ std::string MatchControl(const OpenWindow& window, const nlohmann::json& key, in
         const DialogControl* own =
             window.dialog() != nullptr ? window.dialog()->Find(f.control->control_id) : nullptr;
         if (f.tag == lk::kTagButton || f.tag == lk::kTagScroll || f.tag == 0) {
-          if (own != nullptr) candidate = Cp1252ToUtf8(own->text);
+          if (own != nullptr) candidate = lk::Cp1252ToUtf8(own->text);
         } else if (f.control->label_id != 0 && window.dialog() != nullptr) {
           if (const DialogControl* label = window.dialog()->Find(f.control->label_id))
-            candidate = Cp1252ToUtf8(label->text);
+            candidate = lk::Cp1252ToUtf8(label->text);
         }
       } else {
         candidate = f.control->control_name != nullptr ? f.control->control_name : "";
@@ -635,7 +635,7 @@ Reply Session::Event(const nlohmann::json& event) {
       if (!window->Enabled(id)) return Refuse(400, "control " + key + " is disabled");
       if (!value.is_string()) return Refuse(400, "value of " + key + " must be a text");
       std::string text;
-      if (!Utf8ToCp1252(value.get<std::string>(), &text, &why))
+      if (!lk::Utf8ToCp1252(value.get<std::string>(), &text, &why))
         return Refuse(400, "value of " + key + ": " + why);
       int option = -1;
       if (IsEntry(f.tag)) {
@@ -673,7 +673,7 @@ Reply Session::Event(const nlohmann::json& event) {
   std::string key_text;
   if (event.contains("key")) {
     if (!event["key"].is_string()) return Refuse(400, "key must be a text");
-    if (!Utf8ToCp1252(event["key"].get<std::string>(), &key_text, &why))
+    if (!lk::Utf8ToCp1252(event["key"].get<std::string>(), &key_text, &why))
       return Refuse(400, "key: " + why);
   }
   if ((row != 0 || !rows.empty())) {

@@ -18,9 +18,9 @@
 
 #include "frame/host_port.h"
 #include "frame/run_context.h"
+#include "frame/store_port.h"
 #include "host/host.h"
 #include "host/modules.h"
-#include "host/store_port.h"
 #include "host/window_state.h"
 
 namespace watrix {
@@ -58,7 +58,7 @@ struct StartRequest {
 
 class Session {
  public:
-  Session(Modules* modules, std::unique_ptr<StorePort> store, Clock clock);
+  Session(Modules* modules, std::unique_ptr<lk::StorePort> store, Clock clock);
   ~Session();
   Session(const Session&) = delete;
   Session& operator=(const Session&) = delete;
@@ -115,7 +115,7 @@ class Session {
                                             const lk::ProcedureRow* procedure);
 
   Modules* modules_;
-  std::unique_ptr<StorePort> store_;
+  std::unique_ptr<lk::StorePort> store_;
   Clock clock_;
   lk::SessionPort session_port_{};
   lk::WindowPort window_port_{};

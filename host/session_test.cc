@@ -25,7 +25,7 @@ Modules* TestModules() {
 }
 
 // Counts what the host asks of the store.
-class CountingStore : public StorePort {
+class CountingStore : public lk::StorePort {
  public:
   struct Counts {
     int begin = 0, commit = 0, rollback = 0;
@@ -267,9 +267,9 @@ TEST_F(SessionTest, OneTransactionPerEvent) {
 TEST_F(SessionTest, StartFillsNamedImportAttributes) {
   Start(StartRequest{"TM1_FORM", "E", "", {{"EXPORT.FORM.NAME", "ZED"}}});
   EXPECT_EQ("ZED", Control("NAME1")["value"]);
-  Session other(TestModules(), std::make_unique<NullStore>(), SystemClock());
+  Session other(TestModules(), std::make_unique<lk::NullStore>(), SystemClock());
   EXPECT_NE("", other.Start("U", "O", StartRequest{"TM1_FORM", "E", "", {{"EXPORT.FORM.NOPE", "x"}}}));
-  Session third(TestModules(), std::make_unique<NullStore>(), SystemClock());
+  Session third(TestModules(), std::make_unique<lk::NullStore>(), SystemClock());
   EXPECT_NE("", third.Start("U", "O", StartRequest{"TM1_FORM", "X", "", {}}));
 }
 

@@ -31,7 +31,7 @@
 #include <vector>
 
 #include "frame/host_port.h"
-#include "host/cp1252.h"
+#include "services/cp1252.h"
 #include "store/cascade_rules.h"
 #include "store/cascade_step.h"
 #include "store/connection.h"
@@ -185,7 +185,7 @@ std::string List(std::span<const char* const> columns) {
 void Bind(soci::statement& statement, std::vector<KeyValue>& values) {
   for (KeyValue& v : values) {
     if (v.is_text) {
-      v.text = watrix::Cp1252ToUtf8(v.text);
+      v.text = Cp1252ToUtf8(v.text);
       statement.exchange(soci::use(v.text));
     } else {
       statement.exchange(soci::use(v.number));
@@ -253,7 +253,7 @@ std::vector<std::vector<KeyValue>> Dependants(const Connection& c, const Relatio
   while (statement.fetch()) {
     std::string org_id;
     std::string error;
-    if (!watrix::Utf8ToCp1252(row.get<std::string>(1), &org_id, &error)) {
+    if (!Utf8ToCp1252(row.get<std::string>(1), &org_id, &error)) {
       throw EntryFailure("DB", std::string(rel.table) + ": " + error);
     }
     found.push_back({Number(NumberOf(row, 0)), Text(std::move(org_id))});

@@ -7,7 +7,7 @@
 #include <cstdio>
 #include <cstdlib>
 
-#include "host/cp1252.h"
+#include "services/cp1252.h"
 
 namespace lk::store {
 
@@ -22,7 +22,7 @@ std::string_view FirstRefused(std::string_view text) {
     n = std::min(n, text.size() - i);
     std::string converted;
     std::string why;
-    if (!watrix::Utf8ToCp1252(text.substr(i, n), &converted, &why)) return text.substr(i, n);
+    if (!Utf8ToCp1252(text.substr(i, n), &converted, &why)) return text.substr(i, n);
     i += n;
   }
   return {};
@@ -159,11 +159,11 @@ std::string ShortestFixed(double x, int decimals) {
 }  // namespace
 
 bool CheckCp1252Text(std::string_view text, std::size_t* characters, std::string* error) {
-  // The host's conversion decides what 1252 holds; one byte of 1252 is one
+  // The services' conversion decides what 1252 holds; one byte of 1252 is one
   // character.
   std::string converted;
   std::string why;
-  if (!watrix::Utf8ToCp1252(text, &converted, &why)) {
+  if (!Utf8ToCp1252(text, &converted, &why)) {
     if (why.find("UTF-8") != std::string::npos) {
       *error = "is not valid UTF-8";
     } else {

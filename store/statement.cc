@@ -17,7 +17,7 @@
 #include <vector>
 
 #include "frame/host_port.h"
-#include "host/cp1252.h"
+#include "services/cp1252.h"
 #include "services/host_text.h"
 #include "services/text.h"
 #include "services/timestamp.h"
@@ -207,7 +207,7 @@ void LoadInput(const HostColumn& c, const char* record, HostValue* v) {
   switch (c.type) {
     case HostType::kChar:
     case HostType::kVarchar:
-      v->text = watrix::Cp1252ToUtf8(TextToWrite(c, at));
+      v->text = Cp1252ToUtf8(TextToWrite(c, at));
       break;
     case HostType::kNumber:
       std::memcpy(&v->number, at, sizeof(double));
@@ -264,7 +264,7 @@ bool ToCp1252(const std::string& utf8, std::string* out, std::string* why) {
     *out = utf8;
     return true;
   }
-  return watrix::Utf8ToCp1252(utf8, out, why);
+  return Utf8ToCp1252(utf8, out, why);
 }
 
 // The 20 digits of a fetched date, without the fraction, as timestamp from

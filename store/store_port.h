@@ -1,5 +1,5 @@
-// The store of a host session: the host's StorePort over a Database, one
-// transaction per event.
+// The store of a host session: the StorePort (frame/store_port.h) over a
+// Database, one transaction per event.
 //
 // ModuleHandle() answers the Database's Connection, so that SessionPort.store
 // (behind HandleA) points at the lk::store::Connection that the module's
@@ -17,12 +17,12 @@
 #include <memory>
 #include <string>
 
-#include "host/store_port.h"
+#include "frame/store_port.h"
 #include "store/database.h"
 
 namespace lk::store {
 
-class SociStore : public watrix::StorePort {
+class SociStore : public StorePort {
  public:
   // REQUIRES: database != nullptr.
   explicit SociStore(std::unique_ptr<Database> database);

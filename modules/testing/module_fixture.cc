@@ -35,7 +35,7 @@ SessionDriver::~SessionDriver() = default;
 void SessionDriver::Start(const std::string& user, const std::string& org,
                           const StartRequest& start) {
   session_.reset();
-  std::unique_ptr<StorePort> store = NewStore();
+  std::unique_ptr<lk::StorePort> store = NewStore();
   ASSERT_NE(nullptr, store) << "no store for the session";
   Clock clock = [this](std::int32_t* date, std::int32_t* time, char* text) {
     *date = date_;
@@ -51,7 +51,7 @@ void SessionDriver::SetClock(int year, int month, int day, int hour, int minute,
   time_ = hour * 10000 + minute * 100 + second;
 }
 
-std::unique_ptr<StorePort> SessionDriver::NewStore() { return std::make_unique<NullStore>(); }
+std::unique_ptr<lk::StorePort> SessionDriver::NewStore() { return std::make_unique<lk::NullStore>(); }
 
 Reply SessionDriver::Event(const std::string& window, const json& control,
                            const std::string& event, const json& values, int row) {
@@ -181,7 +181,7 @@ void ModuleTest::TearDown() {
   BackendTest::TearDown();
 }
 
-std::unique_ptr<StorePort> ModuleTest::NewStore() {
+std::unique_ptr<lk::StorePort> ModuleTest::NewStore() {
   std::string error;
   std::unique_ptr<lk::store::Database> db = lk::store::Database::Open(url(), &error);
   if (db == nullptr) {

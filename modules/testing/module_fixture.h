@@ -39,7 +39,7 @@
 #include "host/host.h"
 #include "host/modules.h"
 #include "host/session.h"
-#include "host/store_port.h"
+#include "frame/store_port.h"
 #include "store/soci.h"
 #include "store/test_database.h"
 
@@ -126,7 +126,7 @@ class SessionDriver {
  protected:
   // The store of a session about to start; null, with a fatal failure, when
   // there can be none.
-  virtual std::unique_ptr<StorePort> NewStore();
+  virtual std::unique_ptr<lk::StorePort> NewStore();
 
  private:
   std::unique_ptr<Session> session_;
@@ -166,7 +166,7 @@ class ModuleTest : public lk::store::testing::BackendTest, public SessionDriver 
   // `table` as CSV: its header and every row in key order.
   std::string Dump(const std::string& table);
 
-  std::unique_ptr<StorePort> NewStore() override;
+  std::unique_ptr<lk::StorePort> NewStore() override;
 };
 
 }  // namespace watrix::testing

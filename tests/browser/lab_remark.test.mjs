@@ -86,6 +86,12 @@ test('signs in and opens the lab remark list from the menu', async () => {
   assert.equal(await win(MENU).count(), 0);
   const heads = await list().locator('.list-head .list-cell').allTextContents();
   assert.deepEqual(heads.map((h) => h.trim()), ['Short Name', 'Description']);
+  // The heading statics over the list ("Short Name", "Description " with its
+  // blank) are drawn once, in the list's own bar, and not again above it.
+  const shownStatics = await win(LIST)
+    .locator('.ctl-static')
+    .evaluateAll((els) => els.filter((e) => !(/** @type {HTMLElement} */ (e).hidden)).map((e) => e.textContent));
+  assert.deepEqual(shownStatics, []);
   for (const text of ['Add', 'Change', 'Delete', 'Close', 'Help']) {
     assert.equal(await button(LIST, text).count(), 1, `one button "${text}"`);
   }

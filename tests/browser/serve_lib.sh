@@ -16,6 +16,9 @@ url=""
 
 start_server() {
   local watrix="$1" db="$2" log="$3" name="$4"
+  # The log exists before the server's own redirection makes it, so that the
+  # first look for the address cannot fail on a missing file.
+  : >"$log"
   "$watrix" serve --listen 127.0.0.1:0 --db "$db" >"$log" 2>&1 &
   server_pid=$!
   url=""

@@ -353,7 +353,8 @@ function updateList(el, c, data) {
 /**
  * Whether a static stands over a list as the heading of one of its columns:
  * the list draws its headings in a bar of its own, so such a static is not
- * drawn a second time above it.
+ * drawn a second time above it. Texts come as designed, trailing blanks
+ * included ("Description "), and are compared without them.
  * @param {Win} w
  * @param {Control} c
  */
@@ -363,7 +364,7 @@ function isListHeading(w, c) {
   return w.controls.some(
     (l) =>
       l.type === 'list' &&
-      (l.columns ?? []).some((col) => col.heading === text) &&
+      (l.columns ?? []).some((col) => (col.heading ?? '').trim() === text) &&
       c.x >= l.x - 2 &&
       c.x < l.x + l.w &&
       c.y + c.h <= l.y + 2 &&

@@ -1,9 +1,10 @@
-// Code page 1252 at the host's boundary.
-#include "host/cp1252.h"
+// Code page 1252 <-> UTF-8: every byte both ways, the high characters, and
+// what 1252 cannot hold refused.
+#include "services/cp1252.h"
 
 #include <gtest/gtest.h>
 
-namespace watrix {
+namespace lk {
 namespace {
 
 TEST(Cp1252Test, RoundTripsEveryByte) {
@@ -55,4 +56,4 @@ TEST(Cp1252Test, RefusesWhatItCannotHold) {
 }
 
 }  // namespace
-}  // namespace watrix
+}  // namespace lk

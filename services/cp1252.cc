@@ -1,9 +1,9 @@
 // Code page 1252 <-> UTF-8.
-#include "host/cp1252.h"
+#include "services/cp1252.h"
 
 #include <cstdint>
 
-namespace watrix {
+namespace lk {
 
 namespace {
 
@@ -103,4 +103,4 @@ std::string Cp1252ToUtf8(std::string_view text) {
   return out;
 }
 
-}  // namespace watrix
+}  // namespace lk

@@ -1,0 +1,113 @@
+// The SCREEN of liblkbase.so's windows as the host builds it: the texts of a
+// window go out exactly as its dialog template has them, trailing blanks
+// included. Driven through a session on an empty SQLite database, from the
+// menu to the lab remark list RT50 and its data entry window RT51.
+#include <unistd.h>
+
+#include <cstdlib>
+#include <filesystem>
+#include <memory>
+#include <string>
+
+#include <gtest/gtest.h>
+#include <nlohmann/json.hpp>
+
+#include "host/modules.h"
+#include "host/screen_testing.h"
+#include "host/session.h"
+#include "store/database.h"
+#include "store/schema.h"
+#include "store/store_port.h"
+
+namespace watrix {
+namespace {
+
+using nlohmann::json;
+
+constexpr char kMenu[] = "RT1_REFERENCE_TABLE_MAINT_MENU";
+constexpr char kList[] = "RT50_LAB_REMARK_MAINT_LIST";
+constexpr char kEntry[] = "RT51_LAB_REMARK_DATA_ENTRY";
+
+Modules* TheModules() {
+  static Modules* modules = new Modules(
+      std::getenv("WATRIX_BUILD") != nullptr ? std::getenv("WATRIX_BUILD") : ".", "LKBASE");
+  return modules;
+}
+
+class ScreenTextTest : public ::testing::Test {
+ protected:
+  void SetUp() override {
+    char folder[] = "/tmp/watrix-screen-test-XXXXXX";
+    ASSERT_NE(nullptr, mkdtemp(folder));
+    folder_ = folder;
+    std::string error;
+    std::unique_ptr<lk::store::Database> db =
+        lk::store::Database::Open("sqlite:" + folder_ + "/watrix.db", &error);
+    ASSERT_NE(nullptr, db) << error;
+    lk::store::CreateSchema(*db->connection());
+    session_ = std::make_unique<Session>(
+        TheModules(), std::make_unique<lk::store::SociStore>(std::move(db)), SystemClock());
+    ASSERT_EQ("", session_->Start("JSMITH", "ZZZZZZZZ", StartRequest{}));
+  }
+  void TearDown() override {
+    session_.reset();
+    if (!folder_.empty()) std::filesystem::remove_all(folder_);
+  }
+
+  void Click(const std::string& window, const json& control) {
+    const Reply r =
+        session_->Event({{"window", window}, {"control", control}, {"event", "Click"}});
+    ASSERT_EQ(200, r.status) << r.body.dump();
+    ASSERT_TRUE(r.body["failure"].is_null()) << r.body["failure"].dump();
+    ASSERT_EQ("", testing::MessageText(r.body));
+  }
+
+  // The window on top of the SCREEN, which must be `name`.
+  json Top(const std::string& name) {
+    const json screen = session_->Screen();
+    EXPECT_FALSE(screen["windows"].empty());
+    if (screen["windows"].empty()) return json::object();
+    const json& w = screen["windows"].back();
+    EXPECT_EQ(name, w["name"]);
+    return w;
+  }
+
+  // The control of `window` whose `key` is `value`; null if none.
+  static json Find(const json& window, const char* key, const json& value) {
+    for (const auto& c : window["controls"])
+      if (c[key] == value) return c;
+    ADD_FAILURE() << "no control with " << key << " " << value.dump();
+    return nullptr;
+  }
+
+  std::string folder_;
+  std::unique_ptr<Session> session_;
+};
+
+TEST_F(ScreenTextTest, ListHeadingsKeepTheirTrailingBlank) {
+  Click(kMenu, "Lab &Remark");
+  const json w = Top(kList);
+  EXPECT_EQ("RT50 Lab Remark Maintenance List", w["title"]);
+  const json list = Find(w, "type", "list");
+  ASSERT_TRUE(list.is_object());
+  ASSERT_EQ(2u, list["columns"].size());
+  EXPECT_EQ("Short Name", list["columns"][0]["heading"]);
+  EXPECT_EQ("Description ", list["columns"][1]["heading"]);
+  EXPECT_EQ("DESCRIPTION_TEXT", list["columns"][1]["attribute"]);
+  // The heading static itself, as the template has it.
+  EXPECT_EQ("Description ", Find(w, "id", 368)["label"]);
+  EXPECT_EQ("C&lose", Find(w, "id", 374)["label"]);
+}
+
+TEST_F(ScreenTextTest, FieldLabelsKeepTheirTrailingBlank) {
+  Click(kMenu, "Lab &Remark");
+  Click(kList, "&Add");
+  const json w = Top(kEntry);
+  EXPECT_EQ("RT51 Lab Remark Data Entry", w["title"]);
+  EXPECT_EQ("Description ", Find(w, "attribute", "DESCRIPTION_TEXT")["label"]);
+  EXPECT_EQ("Short Name", Find(w, "attribute", "SHORT_NAME")["label"]);
+  EXPECT_EQ("Accep&t", Find(w, "id", 1003)["label"]);
+}
+
+}  // namespace
+}  // namespace watrix
