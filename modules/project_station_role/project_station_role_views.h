@@ -16,51 +16,12 @@
 #include "frame/views.h"
 #include "patterns/body_entry.h"
 #include "patterns/first_page_list.h"
+#include "patterns/row_forms.h"
 #include "patterns/row_views.h"
 
 namespace lk::project_station_role {
 
 constexpr int kListRows = 100;
-
-// The bare row: import views and action blocks.
-struct RoleRow {
-  char TSMPSR_IS_NUMBER[8];
-  char TSMPSR_ORG_ID[9];
-  char TYPE_NAME[33];
-  char D_USERID_CODE[9];
-  char D_LAST_UPDATE_TIMESTAMP[21];
-};
-
-// The shown row: the export view's single views.
-struct RoleShown {
-  Shown<8> TSMPSR_IS_NUMBER;
-  Shown<9> TSMPSR_ORG_ID;
-  Shown<33> TYPE_NAME;
-  Shown<9> D_USERID_CODE;
-  Shown<21> D_LAST_UPDATE_TIMESTAMP;
-};
-
-// EXPORT_LIST of the export view: the count, the row marks, the rows.
-struct RoleGroup {
-  std::int32_t count;
-  ShownColumn<kListRows, 2> SELECT_CHAR;
-  ShownColumn<kListRows, 8> TSMPSR_IS_NUMBER;
-  ShownColumn<kListRows, 9> TSMPSR_ORG_ID;
-  ShownColumn<kListRows, 33> TYPE_NAME;
-  ShownColumn<kListRows, 9> D_USERID_CODE;
-  ShownColumn<kListRows, 21> D_LAST_UPDATE_TIMESTAMP;
-};
-
-// EXPORT_LIST of the import view.
-struct RoleImportGroup {
-  std::int32_t count;
-  Column<kListRows, 2> SELECT_CHAR;
-  Column<kListRows, 8> TSMPSR_IS_NUMBER;
-  Column<kListRows, 9> TSMPSR_ORG_ID;
-  Column<kListRows, 33> TYPE_NAME;
-  Column<kListRows, 9> D_USERID_CODE;
-  Column<kListRows, 21> D_LAST_UPDATE_TIMESTAMP;
-};
 
 // Attribute types of the entity.
 inline constexpr AttributeType kIsNumberType = {13, "B ", 12, "", nullptr, 0, {0, 0}};
@@ -70,24 +31,16 @@ inline constexpr AttributeType kUserIdType = {9, "S ", 8, "", nullptr, 0, {0, 0}
 inline constexpr AttributeType kTimestampType = {21,      "Q ", 20,    "YYYY-MM-DD-HH.MI.SS.NNNNNN",
                                                  nullptr, 0,    {0, 0}};
 
-struct RoleForms {
-  using Row = RoleRow;
-  using Shown = RoleShown;
-  using Group = RoleGroup;
-  using ImportGroup = RoleImportGroup;
-  static constexpr int kRows = kListRows;
-  static constexpr patterns::RowAttribute kAttributes[] = {
-      LK_ROW_ATTRIBUTE(RoleForms, TSMPSR_IS_NUMBER, kIsNumberType, false),
-      LK_ROW_ATTRIBUTE(RoleForms, TSMPSR_ORG_ID, kOrgIdType, false),
-      LK_ROW_ATTRIBUTE(RoleForms, TYPE_NAME, kTypeNameType, true),
-      LK_ROW_ATTRIBUTE(RoleForms, D_USERID_CODE, kUserIdType, false),
-      LK_ROW_ATTRIBUTE(RoleForms, D_LAST_UPDATE_TIMESTAMP, kTimestampType, false),
-  };
-  static constexpr auto kIsNumber = &Shown::TSMPSR_IS_NUMBER;
-  static constexpr auto kOrgId = &Shown::TSMPSR_ORG_ID;
-  static constexpr auto kIsNumberColumn = &Group::TSMPSR_IS_NUMBER;
-  static constexpr auto kOrgIdColumn = &Group::TSMPSR_ORG_ID;
-};
+// The row of TSMPSR: name, storage, type, and whether it is a column of the
+// key the list pages by and the data entry window checks for duplicates.
+#define LK_ROLE_ATTRIBUTES(X)                           \
+  X(TSMPSR_IS_NUMBER, 8, kIsNumberType, false)          \
+  X(TSMPSR_ORG_ID, 9, kOrgIdType, false)                \
+  X(TYPE_NAME, 33, kTypeNameType, true)                 \
+  X(D_USERID_CODE, 9, kUserIdType, false)               \
+  X(D_LAST_UPDATE_TIMESTAMP, 21, kTimestampType, false)
+LK_ROW_FORMS(Role, kListRows, LK_ROLE_ATTRIBUTES, TSMPSR_IS_NUMBER, TSMPSR_ORG_ID);
+#undef LK_ROLE_ATTRIBUTES
 
 inline constexpr char kDeleteWindowName[] = "RT40A_DELETE_PROJECT_ROLE";
 inline constexpr patterns::FixedText kEntity = "PROJECT_STATION_ROLE";
