@@ -5,7 +5,9 @@
 // value), RoleGroup and RoleImportGroup (the list group with its count and
 // SELECT_CHAR marks) and the traits struct RoleForms with its RowAttribute
 // table, as patterns/first_page_list.h describes them.
-// `is_number` and `org_id` name the attributes of the row's identity.
+// `is_number` and `org_id` name the attributes of the row's identity: the
+// traits give them as members of each form (kIsNumber, kIsNumberColumn,
+// kIsNumberRow) and as offsets in the bare row (kIsNumberAt).
 //
 // Contract: the forms are standard-layout views whose all-zero state is
 // empty; the storage of each attribute is the same in every form (checked
@@ -58,6 +60,10 @@
     static constexpr auto kOrgId = &Shown::org_id;                                         \
     static constexpr auto kIsNumberColumn = &Group::is_number;                             \
     static constexpr auto kOrgIdColumn = &Group::org_id;                                   \
+    static constexpr auto kIsNumberRow = &Row::is_number;                                  \
+    static constexpr auto kOrgIdRow = &Row::org_id;                                        \
+    static constexpr ::lk::u32 kIsNumberAt = offsetof(Row, is_number);                     \
+    static constexpr ::lk::u32 kOrgIdAt = offsetof(Row, org_id);                           \
   }
 
 #endif  // WATRIX_PATTERNS_ROW_FORMS_H_

@@ -45,19 +45,19 @@ void RoleEntry::CheckDuplicate(HandleA a, HandleB b, RunContext* rc, const Entry
   TextMove(key.TSMPSR_ORG_ID, adding ? in.EXPORT.SYSTEM_VARIABLE.CURRENT_ORG_ID.value : "",
            sizeof key.TSMPSR_ORG_ID);
   BoundedCopy(key.TYPE_NAME, in.EXPORT.ROW.TYPE_NAME.value, sizeof key.TYPE_NAME);
-  READ_FOR_DUP_PROJ_STN_ROLE(a, b, rc, &key, &found);
+  Blocks::Duplicate(kDuplicateId, a, b, rc, &key, &found);
 }
 
 void RoleEntry::Identify(HandleA a, HandleB b, RunContext* rc,
                          const patterns::SystemVariableView* system, const RoleRow* row,
                          RoleRow* written) {
-  IDENTIFY_PROJECT_STATION_ROLE(a, b, rc, system, row, written);
+  Blocks::Identify(kIdentifyId, a, b, rc, system, row, written);
 }
 
 void RoleEntry::Modify(HandleA a, HandleB b, RunContext* rc,
                        const patterns::SystemVariableView* system, const RoleRow* row,
                        RoleRow* written) {
-  MODIFY_PROJECT_STATION_ROLE(a, b, rc, system, row, written);
+  Blocks::Modify(kModifyId, a, b, rc, system, row, written);
 }
 
 // ---- Bodies ----
@@ -80,7 +80,7 @@ void RT40A_PB_DELETE_CLICK(HandleA a, HandleB b, RunContext* rc, void* in, void*
         kDeleteDialog, a, b, rc, kDialogDeleteId, List::DeleteListOf(list), [&] {
           RoleRow key{};
           patterns::ShownToRow(RoleForms::kAttributes, &list->EXPORT_CURRENT, &key);
-          REMOVE_PROJECT_STATION_ROLE(a, b, rc, &key);
+          Blocks::Remove(kRemoveId, a, b, rc, &key, store::E4348087);
         });
   });
 }

@@ -1,0 +1,198 @@
+// The action blocks that read and write one row of a table keyed by its IS
+// number and ORG ID, written once over the statement frame (store/actions.h)
+// for every table whose row has the forms of patterns/row_forms.h. A table
+// gives its statements, its counter, its exit states and texts; the steps
+// are these:
+//
+//   Duplicate  the row of the key's ORG ID and key attributes (kSelectDuplicate).
+//              Found: exit state unchanged, the row exported. Not found:
+//              T::kNotFound with T::kNotFoundText, kind 'N'.
+//   Identify   a new row: the IS number of counter T::kCounterName (blank ORG
+//              ID), ORG ID := CURRENT_ORG_ID of the run, the row's values,
+//              D_USERID_CODE := USER_ID_CODE, the stamp, the insert. "OK"
+//              exports the row as written; "DF" T::kAlreadyExists with its
+//              text, kind 'N'; anything else is fatal. An exit state that the
+//              counter leaves goes on with the insert.
+//   Modify     the row by its key read for update; not found: T::kNotFound,
+//              kind 'N'. The row's values, the user and the stamp written
+//              under the cursor; any status but "OK" ("DF", "BP") is a fatal
+//              stop with itself as detail; the row exported.
+//   Remove     the row selected by its key; not found: T::kNotFound with its
+//              text, kind 'E'; found: its cascade entry `entry`
+//              (store::RemoveCurrentRow).
+// The values of a row are its attributes other than the IS number, the ORG
+// ID, D_USERID_CODE and D_LAST_UPDATE_TIMESTAMP.
+//
+// T gives: using Forms; kCounterName; the StatementDefs kSelectDuplicate,
+// kInsert, kReadForUpdate (for update), kUpdate (under the cursor),
+// kSelectKey; the exit states kNotFound and kAlreadyExists and their texts
+// kNotFoundText and kAlreadyExistsText.
+//
+// Contract: each is an action block of the unit protocol, reporting through
+// RunContext and its export row, never by a return value. RowBlocks<T> holds
+// the static storage of its blocks; not reentrant; one thread.
+#ifndef WATRIX_PATTERNS_ROW_BLOCKS_H_
+#define WATRIX_PATTERNS_ROW_BLOCKS_H_
+
+#include <cstddef>
+#include <cstring>
+
+#include "frame/run_context.h"
+#include "frame/unit.h"
+#include "frame/views.h"
+#include "patterns/first_page_list.h"
+#include "patterns/group.h"
+#include "services/text.h"
+#include "services/timestamp.h"
+#include "store/actions.h"
+#include "store/cascade.h"
+#include "store/cascade_loop.h"
+#include "store/entity_state.h"
+#include "store/is_number.h"
+#include "store/statement.h"
+
+namespace lk::patterns {
+
+template <class T>
+class RowBlocks {
+ public:
+  using Forms = typename T::Forms;
+  using Row = typename Forms::Row;
+
+  static void Duplicate(const UnitId& id, HandleA a, HandleB b, RunContext* rc, const Row* key,
+                        Row* found) {
+    store::RunActionBlock(&duplicate_unit_, id, a, b, rc, {}, [&](store::Block& block) {
+      Initialise(&duplicate_state_, found);
+      TextMove(host_.*Forms::kOrgIdRow, key->*Forms::kOrgIdRow, sizeof(host_.*Forms::kOrgIdRow));
+      for (const RowAttribute& at : Forms::kAttributes)
+        if (at.key) MoveValue(at, Place(&host_, at), Place(key, at));
+      store::SelectOne(block, T::kSelectDuplicate, &duplicate_state_, &host_, &entity_);
+      if (store::StateIs(duplicate_state_.status, "OK")) {
+        *found = entity_;
+      } else if (store::StateIs(duplicate_state_.status, "NF")) {
+        SetExit(rc, T::kNotFound, T::kNotFoundText, 'N');
+      } else {
+        store::FailOnStatus(block, duplicate_state_);
+      }
+    });
+  }
+
+  static void Identify(const UnitId& id, HandleA a, HandleB b, RunContext* rc,
+                       const SystemVariableView* system, const Row* row, Row* written) {
+    store::RunActionBlock(&identify_unit_, id, a, b, rc, {}, [&](store::Block& block) {
+      Initialise(&identify_state_, written);
+      store::EisnSystemVariable counter_system{};
+      TextMove(counter_system.USER_ID_CODE, system->USER_ID_CODE,
+               sizeof counter_system.USER_ID_CODE);
+      TextMove(counter_system.CURRENT_ORG_ID, system->CURRENT_ORG_ID,
+               sizeof counter_system.CURRENT_ORG_ID);
+      store::EisnImport counter{};
+      TextMove(counter.TSMEISN_NAME, T::kCounterName, sizeof counter.TSMEISN_NAME);
+      TextMove(counter.TSMEISN_ORG_ID, "", sizeof counter.TSMEISN_ORG_ID);
+      store::EisnExport number{};
+      CallActionBlock(rc, id, [&] {
+        store::DETERMINE_NEXT_IS_NUMBER(a, b, rc, &counter_system, &counter, &number);
+      });
+      PutNumber(host_.*Forms::kIsNumberRow, number.IS_NUMBER);
+      TextMove(host_.*Forms::kOrgIdRow, system->CURRENT_ORG_ID, sizeof(host_.*Forms::kOrgIdRow));
+      TakeValues(*row);
+      Stamp(a, b, rc, *system);
+      store::Insert(block, T::kInsert, &identify_state_, &host_, &entity_);
+      if (store::StateIs(identify_state_.status, "OK")) {
+        *written = entity_;
+      } else if (store::StateIs(identify_state_.status, "DF")) {
+        SetExit(rc, T::kAlreadyExists, T::kAlreadyExistsText, 'N');
+      } else {
+        store::FailOnStatus(block, identify_state_);
+      }
+    });
+  }
+
+  static void Modify(const UnitId& id, HandleA a, HandleB b, RunContext* rc,
+                     const SystemVariableView* system, const Row* row, Row* written) {
+    store::RunActionBlock(&modify_unit_, id, a, b, rc, {&modify_cursor_},
+                          [&](store::Block& block) {
+      Initialise(&modify_state_, written);
+      KeyOf(*row);
+      store::ReadForUpdate(block, &modify_cursor_, T::kReadForUpdate, &modify_state_, &host_,
+                           &entity_);
+      if (store::StateIs(modify_state_.status, "NF")) {
+        SetExit(rc, T::kNotFound, T::kNotFoundText, 'N');
+        return;
+      }
+      if (!store::StateIs(modify_state_.status, "OK")) store::FailOnStatus(block, modify_state_);
+      host_ = entity_;
+      TakeValues(*row);
+      Stamp(a, b, rc, *system);
+      store::Update(block, T::kUpdate, &modify_state_, &host_, &entity_, &modify_cursor_);
+      if (!store::StateIs(modify_state_.status, "OK")) store::FailOnStatus(block, modify_state_);
+      *written = entity_;
+    });
+  }
+
+  static void Remove(const UnitId& id, HandleA a, HandleB b, RunContext* rc, const Row* key,
+                     store::DeleteEntry entry) {
+    store::RunActionBlock(&remove_unit_, id, a, b, rc, {}, [&](store::Block& block) {
+      Initialise(&remove_state_, nullptr);
+      KeyOf(*key);
+      store::SelectOne(block, T::kSelectKey, &remove_state_, &host_, &entity_);
+      if (store::StateIs(remove_state_.status, "NF")) {
+        SetExit(rc, T::kNotFound, T::kNotFoundText, 'E');
+        return;
+      }
+      if (!store::StateIs(remove_state_.status, "OK")) store::FailOnStatus(block, remove_state_);
+      store::RemoveCurrentRow(block, a, b, rc, &remove_state_, &remove_record_, entry,
+                              GetNumber(entity_.*Forms::kIsNumberRow),
+                              entity_.*Forms::kOrgIdRow, nullptr, {}, id);
+    });
+  }
+
+ private:
+  static char* Place(Row* row, const RowAttribute& at) {
+    return reinterpret_cast<char*>(row) + at.row;
+  }
+  static const char* Place(const Row* row, const RowAttribute& at) {
+    return reinterpret_cast<const char*>(row) + at.row;
+  }
+  static bool IsValue(const RowAttribute& at) {
+    return at.row != Forms::kIsNumberAt && at.row != Forms::kOrgIdAt &&
+           at.row != offsetof(Row, D_USERID_CODE) &&
+           at.row != offsetof(Row, D_LAST_UPDATE_TIMESTAMP);
+  }
+
+  // The initialising step: blank host and entity rows, the export row blank.
+  static void Initialise(store::EntityState* state, Row* out) {
+    store::ResetEntity(state);
+    BlankRow(Forms::kAttributes, &host_);
+    std::memcpy(host_.D_LAST_UPDATE_TIMESTAMP, kInitialTimestamp, kTimestampStorage);
+    BlankRow(Forms::kAttributes, &entity_);
+    if (out != nullptr) std::memset(out, 0, sizeof *out);
+  }
+  // The key of `row` into the host row.
+  static void KeyOf(const Row& row) {
+    std::memcpy(host_.*Forms::kIsNumberRow, row.*Forms::kIsNumberRow,
+                sizeof(host_.*Forms::kIsNumberRow));
+    TextMove(host_.*Forms::kOrgIdRow, row.*Forms::kOrgIdRow, sizeof(host_.*Forms::kOrgIdRow));
+  }
+  static void TakeValues(const Row& row) {
+    for (const RowAttribute& at : Forms::kAttributes)
+      if (IsValue(at)) MoveValue(at, Place(&host_, at), Place(&row, at));
+  }
+  // D_USERID_CODE := USER_ID_CODE, and the stamp of now.
+  static void Stamp(HandleA a, HandleB b, RunContext* rc, const SystemVariableView& system) {
+    TextMove(host_.D_USERID_CODE, system.USER_ID_CODE, sizeof host_.D_USERID_CODE);
+    StampCurrentTimestamp(a, b, rc, host_.D_LAST_UPDATE_TIMESTAMP);
+  }
+
+  static inline UnitStorage duplicate_unit_, identify_unit_, modify_unit_, remove_unit_;
+  static inline store::EntityState duplicate_state_, identify_state_, modify_state_,
+      remove_state_;
+  static inline store::Cursor modify_cursor_;
+  static inline Row host_;    // the values a statement binds
+  static inline Row entity_;  // the row read or written
+  static inline store::CascadeRecord remove_record_;
+};
+
+}  // namespace lk::patterns
+
+#endif  // WATRIX_PATTERNS_ROW_BLOCKS_H_
