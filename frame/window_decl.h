@@ -81,6 +81,17 @@ constexpr ControlDecl Field(u32 id, const char* name, const void* descriptor, u3
   return {.id = id, .name = name, .descriptor = descriptor, .label_id = label,
           .attribute = attribute, .events = {changed, {}}};
 }
+// A list of `columns` with its row flag attribute `flag`; a person's double
+// click raises DoubleClick and Click, both after the window is read.
+constexpr ControlDecl ListBox(u32 id, const char* name, const void* descriptor,
+                              const char* const* columns, const char* flag,
+                              EventAction double_click, EventAction click,
+                              const u32* dependants = nullptr) {
+  return {.id = id, .name = name, .descriptor = descriptor, .dependants = dependants,
+          .columns = columns, .flag = flag,
+          .events = {EventDecl{"DoubleClick", double_click, nullptr, 'Y'},
+                     EventDecl{"Click", click, nullptr, 'Y'}}};
+}
 constexpr EventDecl Click(EventAction handler, u32 map_first = ' ') {
   return {"Click", handler, nullptr, map_first};
 }

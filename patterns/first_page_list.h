@@ -433,6 +433,9 @@ class PageFill {
 //   static constexpr const char* kGroupName   the GroupRow name of the list
 //   static constexpr u32 kLinkExit      the flow to the data entry window
 //   static constexpr const char* kDeleteWindow  the delete dialog's name
+//   static const DeleteDialog kDeleteDialog    the dialog's description
+//   static void Remove(HandleA, HandleB, RunContext*, const Row& key)
+//                          the module's REMOVE block of the row in hand
 //   static constexpr UnitId kBodyId, kReadId
 //   static constexpr store::StatementDef kReadPrev, kReadNext
 //                          the two cursors, both over PageKey<Row> and into Row
@@ -582,6 +585,27 @@ class FirstPageList {
            [&](Export*) { SetExit(rc, EXIT_RETURN, nullptr, 'N'); });
   }
 
+  // The delete dialog's Delete: the row in hand goes to L::Remove (the
+  // module's REMOVE block), then the dialog closes and the row is dropped or
+  // kept as L::kDeleteDialog says (patterns/delete_dialog.h).
+  static void ConfirmDelete(const UnitId& id, HandleA a, HandleB b, RunContext* rc,
+                            void* import_view, void* export_view) {
+    Action(&confirm_unit_, id, a, b, rc, import_view, export_view, [&](Export* out) {
+      DeleteConfirmed(L::kDeleteDialog, a, b, rc, id, DeleteListOf(out), [&] {
+        Row key{};
+        ShownToRow(Forms::kAttributes, &out->EXPORT_CURRENT, &key);
+        L::Remove(a, b, rc, key);
+      });
+    });
+  }
+
+  // The delete dialog's Cancel.
+  static void CancelDelete(const UnitId& id, HandleA a, HandleB b, RunContext* rc,
+                           void* import_view, void* export_view) {
+    Action(&dismiss_unit_, id, a, b, rc, import_view, export_view,
+           [&](Export* out) { DeleteCancelled(L::kDeleteDialog, a, b, rc, DeleteListOf(out)); });
+  }
+
   // The list as the delete dialog sees it.
   static DeleteList DeleteListOf(Export* out) {
     return {out, out->EXPORT_LIST.SELECT_CHAR.value, &out->EXPORT_LIST.count,
@@ -673,7 +697,8 @@ class FirstPageList {
   }
 
   static inline UnitStorage body_unit_, read_unit_, next_unit_, prev_unit_, click_unit_,
-      double_click_unit_, add_unit_, change_unit_, delete_unit_, close_unit_;
+      double_click_unit_, add_unit_, change_unit_, delete_unit_, close_unit_, confirm_unit_,
+      dismiss_unit_;
   // The list action block's statics: its cursor, its entity state, the key
   // it binds and the row it fetches into.
   static inline store::Cursor read_cursor_;

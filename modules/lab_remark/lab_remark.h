@@ -74,10 +74,9 @@ inline constexpr auto kWithRowRules = ListRules<kListControl>::kWithRowRules;
 inline constexpr auto kWithoutRowRules = ListRules<kListControl>::kWithoutRowRules;
 
 inline constexpr ControlDecl kListControls[] = {
-    {.id = kListControl, .name = "ListBox1", .descriptor = &kList, .columns = kListColumnNames,
-     .flag = "GRP_EXPORT_SEL.RUNTIME_SUPPLIED.SELECT_CHAR",
-     .events = {{{"DoubleClick", RT50_LAB_REMARK_LB_DOUBLECLICK, nullptr, 'Y'},
-                 {"Click", RT50_LAB_REMARK_LB_CLICK, nullptr, 'Y'}}}},
+    ListBox(kListControl, "ListBox1", &kList, kListColumnNames,
+            "GRP_EXPORT_SEL.RUNTIME_SUPPLIED.SELECT_CHAR", RT50_LAB_REMARK_LB_DOUBLECLICK,
+            RT50_LAB_REMARK_LB_CLICK),
     Button(371, "Button1", Click(RT50_LAB_REMARK_PB_ADD_CLICK), kWithoutRowRules),
     Button(372, "Button2", Click(RT50_LAB_REMARK_PB_CHANGE_CLICK), kWithRowRules),
     Button(373, "Button3", Click(RT50_LAB_REMARK_PB_DELETE_CLICK), kWithRowRules),

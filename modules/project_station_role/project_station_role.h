@@ -65,11 +65,9 @@ inline constexpr auto kAddRules = ListRules<kList>::kWithoutRowRules;
 inline constexpr auto kRowRules = ListRules<kList>::kWithRowRules;
 
 inline constexpr ControlDecl kListControls[] = {
-    {.id = kList, .name = "ListBox1", .descriptor = &kListDescriptor,
-     .dependants = kListDependants, .columns = kListColumnNames,
-     .flag = "EXPORT_LIST.RUNTIME_SUPPLIED.SELECT_CHAR",
-     .events = {{{"DoubleClick", StepAs<List::DoubleClick, kDoubleClickId>, nullptr, 'Y'},
-                 {"Click", StepAs<List::Click, kClickId>, nullptr, 'Y'}}}},
+    ListBox(kList, "ListBox1", &kListDescriptor, kListColumnNames,
+            "EXPORT_LIST.RUNTIME_SUPPLIED.SELECT_CHAR", StepAs<List::DoubleClick, kDoubleClickId>,
+            StepAs<List::Click, kClickId>, kListDependants),
     ScrollButton(780, "PictureButton1", &kScrollUp, "PREV", 1501, StepAs<List::Prev, kPrevId>),
     ScrollButton(781, "PictureButton2", &kScrollDown, "NEXT", 1497, StepAs<List::Next, kNextId>),
     Button(782, "Button1", Click(StepAs<List::Add, kAddId>), kAddRules),
@@ -86,8 +84,8 @@ inline constexpr WindowDecl kListWindow = DeclareWindow(
 inline constexpr FieldDescriptor kTypeNameShown = {kTagProtected, &kTypeNameType};
 inline constexpr ControlDecl kDeleteControls[] = {
     Field(771, "TYPE_NAME1", &kTypeNameShown, 770, "EXPORT_CURRENT.PROJECT_STATION_ROLE.TYPE_NAME"),
-    Button(772, "Button1", Click(RT40A_PB_DELETE_CLICK)),
-    Button(773, "Button2", Click(RT40A_PB_CANCEL_CLICK)),
+    Button(772, "Button1", Click(StepAs<List::ConfirmDelete, kDialogDeleteId>)),
+    Button(773, "Button2", Click(StepAs<List::CancelDelete, kDialogCancelId>)),
     HelpButtonDecl(774, "Button3"),
 };
 inline constexpr WindowDecl kDeleteWindow =
@@ -119,10 +117,10 @@ inline constexpr WindowRow kListWindows[] = {WindowRows<kListWindow>::kRow,
 inline constexpr WindowRow kEntryWindows[] = {WindowRows<kEntryWindow>::kRow};
 
 inline constexpr head::ProcedureDecl kProcedures[] = {
-    head::DeclareProcedure<kListViews>(RT40_PROJECT_ROLE_MAIN_LIST, sizeof(ListImport),
+    head::DeclareProcedure<kListViews>(List::Body, sizeof(ListImport),
                                        sizeof(ListExport), kListTitle, kListWindows,
                                        {ToEntry::state, ToEntry::kExits, ToEntry::kFlows}),
-    head::DeclareProcedure<kEntryViews>(RT41_PROJECT_ROLE_DATA_ENTRY, sizeof(EntryImport),
+    head::DeclareProcedure<kEntryViews>(Entry::Body, sizeof(EntryImport),
                                         sizeof(EntryExport), kEntryTitle, kEntryWindows),
 };
 inline constexpr head::ModuleDecl kModule = head::DeclareModule(kProcedures);

@@ -29,6 +29,8 @@ struct RoleList {
   static constexpr const ViewShape& kShape = ListViews::kShape;
   static constexpr u32 kLinkExit = EXIT_LINK_RT41;
   static constexpr const char* kDeleteWindow = kDeleteWindowName;
+  static const patterns::DeleteDialog kDeleteDialog;
+  static void Remove(HandleA a, HandleB b, RunContext* rc, const RoleRow& key);
   static constexpr UnitId kBodyId = {"0017499001", "RT40_PROJECT_ROLE_MAIN_LIST"};
   static constexpr UnitId kReadId = {"0000016401", "READ_PROJECT_STN_ROLE_REF_TABLE"};
   static const store::StatementDef kReadPrev;
@@ -57,9 +59,6 @@ struct RoleEntry {
 };
 using Entry = patterns::BodyEntry<RoleEntry>;
 
-// Procedure bodies.
-void RT40_PROJECT_ROLE_MAIN_LIST(HandleA, HandleB, RunContext*, void*, void*);
-void RT41_PROJECT_ROLE_DATA_ENTRY(HandleA, HandleB, RunContext*, void*, void*);
 
 // The event actions that are the pattern's steps under their own names.
 inline constexpr UnitId kClickId = {"0017499002", "RT40_PROJ_ROLE_LB_CLICK"};
@@ -74,9 +73,8 @@ inline constexpr UnitId kChangedId = {"0017499102", "RT41_R_CB_N_CHANGED"};
 inline constexpr UnitId kAcceptId = {"0017499103", "RT41_PB_ACCEPT_CLICK"};
 inline constexpr UnitId kCancelId = {"0017499104", "RT41_PB_CANCEL_CLICK"};
 
-// Event actions of the dialog RT40A: the module's own.
-void RT40A_PB_DELETE_CLICK(HandleA, HandleB, RunContext*, void*, void*);
-void RT40A_PB_CANCEL_CLICK(HandleA, HandleB, RunContext*, void*, void*);
+inline constexpr UnitId kDialogDeleteId = {"0017499010", "RT40A_PB_DELETE_CLICK"};
+inline constexpr UnitId kDialogCancelId = {"0017499011", "RT40A_PB_CANCEL_CLICK"};
 
 }  // namespace lk::project_station_role
 
