@@ -1,6 +1,6 @@
 // The units of the project station role: the traits by which the two
-// procedures take their patterns, the procedure bodies and the event
-// actions. Everything a pattern does is told in patterns/first_page_list.h,
+// procedures take their patterns, and the identities of the event actions
+// that are pattern steps. Everything a pattern does is told in patterns/first_page_list.h,
 // patterns/body_entry.h and patterns/delete_dialog.h; what is here is how
 // this table differs: its row, its statements, its names, the dialog RT40A,
 // and the duplicate check of RT41, which on CHANGE binds a blank ORG ID and
@@ -58,7 +58,6 @@ struct RoleEntry {
                      RoleRow* written);
 };
 using Entry = patterns::BodyEntry<RoleEntry>;
-
 
 // The event actions that are the pattern's steps under their own names.
 inline constexpr UnitId kClickId = {"0017499002", "RT40_PROJ_ROLE_LB_CLICK"};
