@@ -19,7 +19,7 @@ bool BeginOpen(const OpenEntry& entry, RunContext* rc, char* org_id, int org_wid
   return TextCompare(rc->command, "CHANGE") == 0;
 }
 
-EntryMode WriteMode(const char* kept_command, std::initializer_list<EditedField> edited) {
+EntryMode WriteMode(const char* kept_command, std::span<const EditedField> edited) {
   if (TextCompare(kept_command, "ADD") == 0) return EntryMode::kAdd;
   if (TextCompare(kept_command, "CHANGE") != 0) return EntryMode::kOther;
   for (const EditedField& f : edited)
@@ -27,8 +27,7 @@ EntryMode WriteMode(const char* kept_command, std::initializer_list<EditedField>
   return EntryMode::kOther;
 }
 
-bool NoDuplicate(const OpenEntry& entry, RunContext* rc,
-                 std::initializer_list<char*> duplicate_marks) {
+bool NoDuplicate(const OpenEntry& entry, RunContext* rc, std::span<char* const> duplicate_marks) {
   if (rc->exit_state == entry.not_found_exit) return true;
   SetExit(rc, entry.duplicate_exit, entry.duplicate_text, 'E');
   for (char* display : duplicate_marks) std::memcpy(display, kDisplayError, kDisplayWidth);

@@ -48,6 +48,7 @@
 #define WATRIX_PATTERNS_OPEN_ENTRY_H_
 
 #include <initializer_list>
+#include <span>
 
 #include "frame/entry.h"
 #include "frame/run_context.h"
@@ -82,11 +83,10 @@ bool BeginOpen(const OpenEntry& entry, RunContext* rc, char* org_id, int org_wid
                char* kept_command);
 // Step 5 and the first half of 7: which write the Accept makes, kOther when
 // none.
-EntryMode WriteMode(const char* kept_command, std::initializer_list<EditedField> edited);
+EntryMode WriteMode(const char* kept_command, std::span<const EditedField> edited);
 // Step 6.2: answers false, with the duplicate message set, when the check
 // found a row.
-bool NoDuplicate(const OpenEntry& entry, RunContext* rc,
-                 std::initializer_list<char*> duplicate_marks);
+bool NoDuplicate(const OpenEntry& entry, RunContext* rc, std::span<char* const> duplicate_marks);
 // Step 8.
 void EndWrite(const OpenEntry& entry, RunContext* rc, bool wrote);
 }  // namespace internal
@@ -105,8 +105,8 @@ void OpenEntryOpen(const OpenEntry& entry, RunContext* rc, const UnitId& own, ch
 // Steps 5 to 8 of Accept.
 template <typename Check, typename Add, typename Change>
 void OpenEntryWrite(const OpenEntry& entry, RunContext* rc, const UnitId& own,
-                    const char* kept_command, std::initializer_list<EditedField> edited,
-                    std::initializer_list<char*> duplicate_marks, Check&& check, Add&& add,
+                    const char* kept_command, std::span<const EditedField> edited,
+                    std::span<char* const> duplicate_marks, Check&& check, Add&& add,
                     Change&& change) {
   const EntryMode mode = internal::WriteMode(kept_command, edited);
   if (mode == EntryMode::kOther) {
@@ -128,6 +128,18 @@ void OpenEntryWrite(const OpenEntry& entry, RunContext* rc, const UnitId& own,
   CheckCallee(rc);
   StoreUnitId(rc, own);
   internal::EndWrite(entry, rc, true);
+}
+
+// The same, with the fields written out at the call.
+template <typename Check, typename Add, typename Change>
+void OpenEntryWrite(const OpenEntry& entry, RunContext* rc, const UnitId& own,
+                    const char* kept_command, std::initializer_list<EditedField> edited,
+                    std::initializer_list<char*> duplicate_marks, Check&& check, Add&& add,
+                    Change&& change) {
+  OpenEntryWrite(entry, rc, own, kept_command,
+                 std::span<const EditedField>(edited.begin(), edited.size()),
+                 std::span<char* const>(duplicate_marks.begin(), duplicate_marks.size()), check,
+                 add, change);
 }
 
 // Cancel.

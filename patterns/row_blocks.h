@@ -20,13 +20,25 @@
 //   Remove     the row selected by its key; not found: T::kNotFound with its
 //              text, kind 'E'; found: its cascade entry `entry`
 //              (store::RemoveCurrentRow).
+//   Read       the row by its key (kSelectRow); not found: T::kNotFound,
+//              kind 'N'; found: the row exported.
+//
+// What a table may say otherwise, each by a member of T when it does:
+//   kOrgFromRow = true        Identify takes the ORG ID from the row given
+//   kStopWithoutNumber = true Identify stops, the counter's exit state and
+//                             message standing, when the counter set one
+//   kPermittedValue, kPermittedValueText   "BP" of Identify and Modify is
+//                             that exit state and text, kind 'N'
+//   kNotUnique, kNotUniqueText  "DF" of Modify likewise
+//   kGone, kGoneText          Remove's not found instead of kNotFound
+//   kRemoveStatement          the statement number of the cascade call
 // The values of a row are its attributes other than the IS number, the ORG
 // ID, D_USERID_CODE and D_LAST_UPDATE_TIMESTAMP.
 //
 // T gives: using Forms; kCounterName; the StatementDefs kSelectDuplicate,
 // kInsert, kReadForUpdate (for update), kUpdate (under the cursor),
-// kSelectKey; the exit states kNotFound and kAlreadyExists and their texts
-// kNotFoundText and kAlreadyExistsText.
+// kSelectKey, and kSelectRow where Read is used; the exit states kNotFound
+// and kAlreadyExists and their texts kNotFoundText and kAlreadyExistsText.
 //
 // Contract: each is an action block of the unit protocol, reporting through
 // RunContext and its export row, never by a return value. RowBlocks<T> holds
@@ -90,11 +102,20 @@ class RowBlocks {
       TextMove(counter.TSMEISN_NAME, T::kCounterName, sizeof counter.TSMEISN_NAME);
       TextMove(counter.TSMEISN_ORG_ID, "", sizeof counter.TSMEISN_ORG_ID);
       store::EisnExport number{};
+      [[maybe_unused]] const u32 before = rc->exit_state;
       CallActionBlock(rc, id, [&] {
         store::DETERMINE_NEXT_IS_NUMBER(a, b, rc, &counter_system, &counter, &number);
       });
+      if constexpr (requires { T::kStopWithoutNumber; }) {
+        if (rc->exit_state != before) return;
+      }
       PutNumber(host_.*Forms::kIsNumberRow, number.IS_NUMBER);
-      TextMove(host_.*Forms::kOrgIdRow, system->CURRENT_ORG_ID, sizeof(host_.*Forms::kOrgIdRow));
+      if constexpr (requires { T::kOrgFromRow; }) {
+        TextMove(host_.*Forms::kOrgIdRow, row->*Forms::kOrgIdRow, sizeof(host_.*Forms::kOrgIdRow));
+      } else {
+        TextMove(host_.*Forms::kOrgIdRow, system->CURRENT_ORG_ID,
+                 sizeof(host_.*Forms::kOrgIdRow));
+      }
       TakeValues(*row);
       Stamp(a, b, rc, *system);
       store::Insert(block, T::kInsert, &identify_state_, &host_, &entity_);
@@ -102,7 +123,7 @@ class RowBlocks {
         *written = entity_;
       } else if (store::StateIs(identify_state_.status, "DF")) {
         SetExit(rc, T::kAlreadyExists, T::kAlreadyExistsText, 'N');
-      } else {
+      } else if (!PermittedValue(rc, identify_state_)) {
         store::FailOnStatus(block, identify_state_);
       }
     });
@@ -125,8 +146,17 @@ class RowBlocks {
       TakeValues(*row);
       Stamp(a, b, rc, *system);
       store::Update(block, T::kUpdate, &modify_state_, &host_, &entity_, &modify_cursor_);
-      if (!store::StateIs(modify_state_.status, "OK")) store::FailOnStatus(block, modify_state_);
-      *written = entity_;
+      if (store::StateIs(modify_state_.status, "OK")) {
+        *written = entity_;
+        return;
+      }
+      if constexpr (requires { T::kNotUnique; }) {
+        if (store::StateIs(modify_state_.status, "DF")) {
+          SetExit(rc, T::kNotUnique, T::kNotUniqueText, 'N');
+          return;
+        }
+      }
+      if (!PermittedValue(rc, modify_state_)) store::FailOnStatus(block, modify_state_);
     });
   }
 
@@ -137,13 +167,34 @@ class RowBlocks {
       KeyOf(*key);
       store::SelectOne(block, T::kSelectKey, &remove_state_, &host_, &entity_);
       if (store::StateIs(remove_state_.status, "NF")) {
-        SetExit(rc, T::kNotFound, T::kNotFoundText, 'E');
+        if constexpr (requires { T::kGone; }) {
+          SetExit(rc, T::kGone, T::kGoneText, 'E');
+        } else {
+          SetExit(rc, T::kNotFound, T::kNotFoundText, 'E');
+        }
         return;
       }
       if (!store::StateIs(remove_state_.status, "OK")) store::FailOnStatus(block, remove_state_);
+      const char* statement = nullptr;
+      if constexpr (requires { T::kRemoveStatement; }) statement = T::kRemoveStatement;
       store::RemoveCurrentRow(block, a, b, rc, &remove_state_, &remove_record_, entry,
                               GetNumber(entity_.*Forms::kIsNumberRow),
-                              entity_.*Forms::kOrgIdRow, nullptr, {}, id);
+                              entity_.*Forms::kOrgIdRow, statement, {}, id);
+    });
+  }
+
+  static void Read(const UnitId& id, HandleA a, HandleB b, RunContext* rc, const Row* key,
+                   Row* row) {
+    store::RunActionBlock(&read_unit_, id, a, b, rc, {}, [&](store::Block& block) {
+      Initialise(&read_state_, nullptr);
+      KeyOf(*key);
+      store::SelectOne(block, T::kSelectRow, &read_state_, &host_, &entity_);
+      if (store::StateIs(read_state_.status, "NF")) {
+        SetExit(rc, T::kNotFound, T::kNotFoundText, 'N');
+        return;
+      }
+      if (!store::StateIs(read_state_.status, "OK")) store::FailOnStatus(block, read_state_);
+      *row = entity_;
     });
   }
 
@@ -158,6 +209,17 @@ class RowBlocks {
     return at.row != Forms::kIsNumberAt && at.row != Forms::kOrgIdAt &&
            at.row != offsetof(Row, D_USERID_CODE) &&
            at.row != offsetof(Row, D_LAST_UPDATE_TIMESTAMP);
+  }
+
+  // "BP" as the table's exit state, where it has one; answers whether it did.
+  static bool PermittedValue(RunContext* rc, const store::EntityState& state) {
+    if constexpr (requires { T::kPermittedValue; }) {
+      if (store::StateIs(state.status, "BP")) {
+        SetExit(rc, T::kPermittedValue, T::kPermittedValueText, 'N');
+        return true;
+      }
+    }
+    return false;
   }
 
   // The initialising step: blank host and entity rows, the export row blank.
@@ -184,9 +246,10 @@ class RowBlocks {
     StampCurrentTimestamp(a, b, rc, host_.D_LAST_UPDATE_TIMESTAMP);
   }
 
-  static inline UnitStorage duplicate_unit_, identify_unit_, modify_unit_, remove_unit_;
+  static inline UnitStorage duplicate_unit_, identify_unit_, modify_unit_, remove_unit_,
+      read_unit_;
   static inline store::EntityState duplicate_state_, identify_state_, modify_state_,
-      remove_state_;
+      remove_state_, read_state_;
   static inline store::Cursor modify_cursor_;
   static inline Row host_;    // the values a statement binds
   static inline Row entity_;  // the row read or written

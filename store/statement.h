@@ -243,6 +243,22 @@ class CursorCloser {
 };
 }  // namespace internal
 
+// Whether the statement `text` ends with "LIMIT n": a list's cursor asks for
+// one row more than its group holds, and a static_assert says so.
+constexpr bool EndsWithLimit(const char* text, int n) {
+  char digits[12] = {};
+  int d = 0;
+  for (; n > 0; n /= 10) digits[d++] = static_cast<char>('0' + n % 10);
+  int end = 0;
+  while (text[end] != '\0') ++end;
+  for (int i = 0; i < d; ++i)
+    if (text[end - 1 - i] != digits[i]) return false;
+  const char kWord[] = "LIMIT ";
+  for (int i = 0; i < 6; ++i)
+    if (text[end - d - 6 + i] != kWord[i]) return false;
+  return true;
+}
+
 // The entry of an action block: stores the run handles; returns at once on
 // run_mode 'L'; counts the nesting and arms the abort frame; records the
 // unit's number and name and runs body(Block&). On every way out, by the

@@ -23,36 +23,31 @@
 #include "frame/head/module_decl.h"
 #include "frame/tables.h"
 #include "frame/window_decl.h"
-#include "modules/lab_remark/lab_remark_views.h"
 #include "modules/lab_remark/lab_remark_units.h"
 #include "modules/lab_remark/lab_remark_views.h"
 
 namespace lk::lab_remark {
 
-constexpr u32 kListProcedureId = 363;
-constexpr u32 kEntryProcedureId = 989;
-
 inline constexpr char kListTitle[] = "RT50 Lab Remark Maintenance List";
 inline constexpr char kEntryTitle[] = "RT51 Lab Remark Data Entry";
 inline constexpr char kDeleteWindowName[] = "RT50A_DLETE_LAB_REMARK_CONFIRMAT";
 
-// The procedure bodies.
-void RT50_LAB_REMARK_MAINT_LIST(HandleA, HandleB, RunContext*, void*, void*);
-void RT51_LAB_REMARK_DATA_ENTRY(HandleA, HandleB, RunContext*, void*, void*);
-
-// The dictionaries and the flow (lab_remark_tables.cc).
-extern const ViewRow kListViewRows[];
-extern const GroupRow kListGroupRows[];
-extern const ViewRow kEntryViewRows[];
-extern const GroupRow kEntryGroupRows[];
-extern const ExitRow kListExitRows[];
-extern const FlowRow kListFlowRows[];
-extern u32 list_flow_state[2];
-
-inline constexpr ViewNameRow kListViews = {"RT50_LAB_REMARK_MAINT_LIST", kListViewRows,
-                                           kListGroupRows, kListProcedureId};
-inline constexpr ViewNameRow kEntryViews = {"RT51_LAB_REMARK_DATA_ENTRY", kEntryViewRows,
-                                            kEntryGroupRows, kEntryProcedureId};
+// The dictionaries, and the flow from RT50 to RT51 in display mode: the row
+// in hand and SYSTEM_VARIABLE go; the row that RT51 shows comes back onto
+// the row in hand, so that the list finds it again.
+inline constexpr ViewNameRow kListViews = {"RT50_LAB_REMARK_MAINT_LIST",
+                                           ListDictionary::kViewRows, ListDictionary::kGroupRows,
+                                           kListProcedureId};
+inline constexpr ViewNameRow kEntryViews = {"RT51_LAB_REMARK_DATA_ENTRY",
+                                            EntryDictionary::kViewRows,
+                                            EntryDictionary::kGroupRows, kEntryProcedureId};
+using ToEntryPairs = patterns::StackToEntryFlow<RemarkListForms, kEntity>;
+inline constexpr FlowBinding kToEntry = {&kListViews, &kEntryViews, ToEntryPairs::kSend.data(),
+                                         ToEntryPairs::kReceive.data()};
+inline constexpr LinkDecl kLinkToEntry = {EXIT_LINK_RT51, (0x0001u << 16) | 0x00E4,
+                                          kEntryProcedureId, "RT51_LAB_REMARK_DATA_ENTRY",
+                                          kReturnsOnCancel, "D", "$#CURR#$", "E", "RETURN"};
+using ToEntry = SingleLink<kLinkToEntry, kToEntry>;
 
 // ---- RT50: the list, then "&Add", "&Change", "&Delete", "C&lose", "&Help" ----
 
@@ -75,17 +70,17 @@ inline constexpr auto kWithoutRowRules = ListRules<kListControl>::kWithoutRowRul
 
 inline constexpr ControlDecl kListControls[] = {
     ListBox(kListControl, "ListBox1", &kList, kListColumnNames,
-            "GRP_EXPORT_SEL.RUNTIME_SUPPLIED.SELECT_CHAR", RT50_LAB_REMARK_LB_DOUBLECLICK,
-            RT50_LAB_REMARK_LB_CLICK),
-    Button(371, "Button1", Click(RT50_LAB_REMARK_PB_ADD_CLICK), kWithoutRowRules),
-    Button(372, "Button2", Click(RT50_LAB_REMARK_PB_CHANGE_CLICK), kWithRowRules),
-    Button(373, "Button3", Click(RT50_LAB_REMARK_PB_DELETE_CLICK), kWithRowRules),
-    Button(374, "Button4", Click(RT50_LAB_REMARK_PB_CLOSE_CLICK)),
+            "GRP_EXPORT_SEL.RUNTIME_SUPPLIED.SELECT_CHAR", StepAs<List::DoubleClick, kDoubleClickId>,
+            StepAs<List::Click, kClickId>),
+    Button(371, "Button1", Click(StepAs<List::Add, kAddId>), kWithoutRowRules),
+    Button(372, "Button2", Click(StepAs<List::Change, kChangeId>), kWithRowRules),
+    Button(373, "Button3", Click(StepAs<List::Delete, kDeleteId>), kWithRowRules),
+    Button(374, "Button4", Click(StepAs<List::Close, kCloseId>)),
     HelpButtonDecl(375, "Button5"),
 };
 inline constexpr WindowDecl kListWindow =
     DeclareWindow(kListProcedureId, 366, "SD", "RT50_LAB_REMARK_MAINT_LIST", kListViews,
-                  kListControls, {"Open", RT50_LAB_REMARK_MAINT_LIST_OPEN});
+                  kListControls, {"Open", StepAs<List::Open, kOpenId>});
 
 // ---- RT50A: the row in hand, read-only, then "&Delete", "Cance&l", "&Help" ----
 
@@ -95,8 +90,8 @@ inline constexpr ControlDecl kDeleteControls[] = {
     Field(385, "SHORT_NAME1", &kShortNameShown, 384, "EXPORT_SELECTED.LAB_REMARK.SHORT_NAME"),
     Field(387, "DESCRIPTION_TEXT1", &kDescriptionShown, 386,
           "EXPORT_SELECTED.LAB_REMARK.DESCRIPTION_TEXT"),
-    Button(388, "Button1", Click(RT50A_LAB_REMARK_PB_DELETE_CLICK)),
-    Button(389, "Button2", Click(RT50A_LAB_REMARK_PB_CANCEL_CLICK)),
+    Button(388, "Button1", Click(StepAs<List::ConfirmDelete, kConfirmId>)),
+    Button(389, "Button2", Click(StepAs<List::CancelDelete, kDismissId>)),
     HelpButtonDecl(390, "Button3"),
 };
 inline constexpr WindowDecl kDeleteWindow =
@@ -117,13 +112,13 @@ inline constexpr ControlDecl kEntryControls[] = {
     Field(1000, "D_LAST_UPDATE_TIMESTAMP1", &kStampShown, 999,
           "EXPORT.LAB_REMARK.D_LAST_UPDATE_TIMESTAMP"),
     Field(1002, "D_USERID_CODE1", &kUserIdShown, 1001, "EXPORT.LAB_REMARK.D_USERID_CODE"),
-    Button(1003, "Button1", Click(RT51_LAB_REMARK_PB_ACCEPT_CLICK, 'Y')),
-    Button(1004, "Button2", Click(RT51_LAB_REMARK_PB_CANCEL_CLICK)),
+    Button(1003, "Button1", Click(StepAs<Entry::Accept, kAcceptId>, 'Y')),
+    Button(1004, "Button2", Click(StepAs<Entry::Cancel, kCancelId>)),
     HelpButtonDecl(1005, "Button3"),
 };
 inline constexpr WindowDecl kEntryWindow =
     DeclareWindow(kEntryProcedureId, 992, "SD", "RT51_LAB_REMARK_DATA_ENTRY", kEntryViews,
-                  kEntryControls, {"Open", RT51_LAB_REMARK_DATA_ENTRY_OPEN});
+                  kEntryControls, {"Open", StepAs<Entry::Open, kEntryOpenId>});
 
 // ---- The module ----
 
@@ -132,10 +127,10 @@ inline constexpr WindowRow kListWindows[] = {WindowRows<kListWindow>::kRow,
 inline constexpr WindowRow kEntryWindows[] = {WindowRows<kEntryWindow>::kRow};
 
 inline constexpr head::ProcedureDecl kProcedures[] = {
-    head::DeclareProcedure<kListViews>(RT50_LAB_REMARK_MAINT_LIST, sizeof(ListImport),
+    head::DeclareProcedure<kListViews>(List::Body, sizeof(ListImport),
                                        sizeof(ListExport), kListTitle, kListWindows,
-                                       {list_flow_state, kListExitRows, kListFlowRows}),
-    head::DeclareProcedure<kEntryViews>(RT51_LAB_REMARK_DATA_ENTRY, sizeof(EntryImport),
+                                       {ToEntry::state, ToEntry::kExits, ToEntry::kFlows}),
+    head::DeclareProcedure<kEntryViews>(Entry::Body, sizeof(EntryImport),
                                         sizeof(EntryExport), kEntryTitle, kEntryWindows),
 };
 inline constexpr head::ModuleDecl kModule = head::DeclareModule(kProcedures);

@@ -1,139 +1,65 @@
-// The six action blocks of the lab remark module over table TSRLBRMK, with
-// the views they take and the exit states they leave.
+// The action blocks of the lab remark module, table TSRLBRMK: the read of
+// the list and the row blocks (patterns/row_blocks.h) over this table's
+// statements (lab_remark_blocks.cc), under their own names and numbers.
 //
-//   LIST_LAB_REMARKS                 the rows with SHORT_NAME from range
-//                                    start to range end, both inclusive, in
-//                                    SHORT_NAME order, of every organisation,
-//                                    at most kListLimit; the page's first and
-//                                    last short name into the stack row of
-//                                    the page on "LIST" and "NEXT"; AT_BOTTOM
-//                                    "Y" when fewer rows than the limit came,
-//                                    AT_TOP "Y" on page 1.
-//   READ_LAB_REMARKS_PREV_NEXT       one row by IS number and ORG ID.
-//                                    Not found: EXIT_LAB_REMARK_NOT_FOUND,
-//                                    "LAB_REMARK was not found.", kind 'N'.
-//   CHECK_FOR_DUP_LAB_REMARK         a row with this SHORT_NAME in any
-//                                    organisation. Found: the exit state
-//                                    stays; not found: as the read.
-//   IDENTIFY_LAB_REMARK-1265369739   a new IS number of the counter
-//                                    "TSRLBRMK"; the row inserted with the
-//                                    user and the time; the key returned.
-//                                    Unique violation:
-//                                    EXIT_LAB_REMARK_ALREADY_EXISTS,
-//                                    "LAB_REMARK already exists.", 'N'.
-//   MODIFY_LAB_REMARK-1265369746     the row read for update by its key, its
-//                                    short name and description changed and
-//                                    stamped, written where current of the
-//                                    cursor. Not found as the read; unique
-//                                    violation EXIT_LAB_REMARK_NOT_UNIQUE,
-//                                    "LAB_REMARK is not unique.", 'N'.
-//   REMOVE_LAB_REMARK-1265369753     the row selected by its key, then
-//                                    deleted through the cascade entry
-//                                    E2738301. Not found: EXIT_LAB_REMARK_GONE,
-//                                    "Lab Remark not found.", kind 'E'.
-// A value refused by a permitted list on write gives
-// EXIT_LAB_REMARK_PERMITTED_VALUE, "LAB_REMARK permitted value violation.",
-// 'N'. Everything else is the fatal path (store/statement.h).
-//
-// Calling convention (frame/unit.h, store/statement.h): the caller zeroes
-// the output views, fills the inputs, sets run_mode ' ', calls, and tests
-// the callee. The blocks keep static storage and are not reentrant.
+//   LIST_LAB_REMARKS  TSRLBRMK_IS_NUMBER, TSRLBRMK_ORG_ID, SHORT_NAME,
+//       DESCRIPTION_TEXT where SHORT_NAME >= the range start and <= the range
+//       end, by SHORT_NAME; no ORG ID: all organisations' rows show. At most
+//       2000, without a word about more (patterns/stack_list_units.h).
+//   READ_LAB_REMARKS_PREV_NEXT  in spite of its name one row, by its key.
+//   CHECK_FOR_DUP_LAB_REMARK  the row of the short name alone: no ORG ID, and
+//       the row itself is not excepted.
+//   IDENTIFY_LAB_REMARK-1265369739  counter "TSRLBRMK"; the ORG ID the row
+//       carries ("ZZZZZZZZ"); without a number it stops, the counter's exit
+//       state standing; "DF" "LAB_REMARK already exists.", "BP" "LAB_REMARK
+//       permitted value violation.".
+//   MODIFY_LAB_REMARK-1265369746  "DF" "LAB_REMARK is not unique.", "BP" as
+//       above.
+//   REMOVE_LAB_REMARK-1265369753  not found: EXIT_LAB_REMARK_GONE, "Lab
+//       Remark not found.", kind 'E'; found: the cascade entry E2738301. No
+//       reference check: a remark code is not guarded against use.
+// Not found elsewhere is EXIT_LAB_REMARK_NOT_FOUND, "LAB_REMARK was not
+// found.". The numbers in the block names are part of the names.
 #ifndef WATRIX_MODULES_LAB_REMARK_LAB_REMARK_BLOCKS_H_
 #define WATRIX_MODULES_LAB_REMARK_LAB_REMARK_BLOCKS_H_
 
-#include <cstdint>
-
-#include "frame/entry.h"
-#include "frame/run_context.h"
+#include "frame/unit.h"
 #include "modules/lab_remark/lab_remark_views.h"
+#include "patterns/row_blocks.h"
+#include "store/statement.h"
 
 namespace lk::lab_remark {
 
-// The module's exit states.
-constexpr std::uint32_t EXIT_LINK_RT51 = 0x4B6C0D07;
-constexpr std::uint32_t EXIT_LAB_REMARK_DUPLICATE = 0x4B6C0D08;
-constexpr std::uint32_t EXIT_LAB_REMARK_NOT_FOUND = 0x4B6C0D09;
-constexpr std::uint32_t EXIT_LAB_REMARK_GONE = 0x4B6C0D0A;
-constexpr std::uint32_t EXIT_LAB_REMARK_ALREADY_EXISTS = 0x4B6C0D0B;
-constexpr std::uint32_t EXIT_LAB_REMARK_NOT_UNIQUE = 0x4B6C0D0C;
-constexpr std::uint32_t EXIT_LAB_REMARK_PERMITTED_VALUE = 0x4B6C0D0D;
-
-// The most rows that LIST_LAB_REMARKS gives.
-constexpr int kListLimit = kListRows;
-
-// SYSTEM_VARIABLE.
-struct SystemVariable {
-  char USER_ID_CODE[kUserId];
-  char CURRENT_ORG_ID[kUserId];
+struct RemarkTable {
+  using Forms = RemarkForms;
+  static constexpr const char* kCounterName = "TSRLBRMK";
+  static const store::StatementDef kSelectDuplicate, kInsert, kReadForUpdate, kUpdate,
+      kSelectKey, kSelectRow;
+  static constexpr u32 kNotFound = EXIT_LAB_REMARK_NOT_FOUND;
+  static constexpr const char* kNotFoundText = lab_remark::kNotFoundText;
+  static constexpr u32 kAlreadyExists = EXIT_LAB_REMARK_ALREADY_EXISTS;
+  static constexpr const char* kAlreadyExistsText = lab_remark::kAlreadyExistsText;
+  static constexpr bool kOrgFromRow = true;
+  static constexpr bool kStopWithoutNumber = true;
+  static constexpr u32 kPermittedValue = EXIT_LAB_REMARK_PERMITTED_VALUE;
+  static constexpr const char* kPermittedValueText = lab_remark::kPermittedValueText;
+  static constexpr u32 kNotUnique = EXIT_LAB_REMARK_NOT_UNIQUE;
+  static constexpr const char* kNotUniqueText = lab_remark::kNotUniqueText;
+  static constexpr u32 kGone = EXIT_LAB_REMARK_GONE;
+  static constexpr const char* kGoneText = lab_remark::kGoneText;
+  static constexpr const char* kRemoveStatement = "0000000002";
 };
+using Blocks = patterns::RowBlocks<RemarkTable>;
 
-// LAB_REMARK: the key.
-struct RemarkKey {
-  double TSRLBRMK_IS_NUMBER;
-  char TSRLBRMK_ORG_ID[kOrgId];
-};
+// LIST_LAB_REMARKS's cursor, over the range "1" to "zzzzzz".
+extern const store::StatementDef kListStatement;
 
-// LAB_REMARK: the whole row.
-struct Remark {
-  double TSRLBRMK_IS_NUMBER;
-  char TSRLBRMK_ORG_ID[kOrgId];
-  char SHORT_NAME[kShortName];
-  char DESCRIPTION_TEXT[kDescription];
-  char D_USERID_CODE[kUserId];
-  char D_LAST_UPDATE_TIMESTAMP[kTimestampStorage];
-};
-
-// LAB_REMARK: what the duplicate check is given.
-struct RemarkName {
-  char SHORT_NAME[kShortName];
-  char DESCRIPTION_TEXT[kDescription];
-};
-
-// A limit of the range: LAB_REMARK.SHORT_NAME.
-struct RangeLimit {
-  char SHORT_NAME[kShortName];
-};
-
-// RUNTIME_SUPPLIED.FLAG.
-struct Flag {
-  char FLAG[kFlag];
-};
-
-// The page number and GRP_EXPORT_STACK.WATRIX_WORK_SET.
-struct RemarkStack {
-  double SUBSCRIPT;
-  std::int32_t count;
-  char LAST_ROW_SHORT_NAME[kStackRows + 1][kShortName];
-  char FIRST_ROW_SHORT_NAME[kStackRows + 1][kShortName];
-};
-
-// GRP_EXPORT.LAB_REMARK of the list block.
-struct RemarkGroup {
-  std::int32_t count;
-  double TSRLBRMK_IS_NUMBER[kListRows + 1];
-  char TSRLBRMK_ORG_ID[kListRows + 1][kOrgId];
-  char SHORT_NAME[kListRows + 1][kShortName];
-  char DESCRIPTION_TEXT[kListRows + 1][kDescription];
-};
-
-void LIST_LAB_REMARKS(HandleA a, HandleB b, RunContext* rc, const RangeLimit* range_end,
-                      const RangeLimit* range_start, const RemarkStack* import_stack,
-                      Flag* at_bottom, Flag* at_top, RemarkStack* export_stack,
-                      RemarkGroup* group);
-
-void READ_LAB_REMARKS_PREV_NEXT(HandleA a, HandleB b, RunContext* rc, const RemarkKey* key,
-                                Remark* row);
-
-void CHECK_FOR_DUP_LAB_REMARK(HandleA a, HandleB b, RunContext* rc, const RemarkName* name);
-
-void IDENTIFY_LAB_REMARK_1265369739(HandleA a, HandleB b, RunContext* rc,
-                                    const SystemVariable* system, const Remark* row,
-                                    RemarkKey* key);
-
-void MODIFY_LAB_REMARK_1265369746(HandleA a, HandleB b, RunContext* rc,
-                                  const SystemVariable* system, const Remark* row);
-
-void REMOVE_LAB_REMARK_1265369753(HandleA a, HandleB b, RunContext* rc, const RemarkKey* key);
+inline constexpr UnitId kListId = {"0009961520", "LIST_LAB_REMARKS"};
+inline constexpr UnitId kReadId = {"0009961521", "READ_LAB_REMARKS_PREV_NEXT"};
+inline constexpr UnitId kCheckId = {"0009961522", "CHECK_FOR_DUP_LAB_REMARK"};
+inline constexpr UnitId kIdentifyId = {"1265369739", "IDENTIFY_LAB_REMARK-1265369739"};
+inline constexpr UnitId kModifyId = {"1265369746", "MODIFY_LAB_REMARK-1265369746"};
+inline constexpr UnitId kRemoveId = {"1265369753", "REMOVE_LAB_REMARK-1265369753"};
 
 }  // namespace lk::lab_remark
 

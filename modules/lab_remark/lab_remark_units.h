@@ -1,10 +1,7 @@
-// The procedure bodies and event actions of the lab remark module, as the
-// design tables name them. Each says only how it differs from its pattern:
-// RT50 from the stack-style list (patterns/stack_list.h), RT50A from the
-// delete confirmation (patterns/delete_dialog.h), RT51 from the Open-style
-// data entry window (patterns/open_entry.h).
-//
-// What is the module's own:
+// The units of the lab remark module: the traits by which RT50 takes the
+// stack-style list (patterns/stack_list_units.h) and RT51 the Open-style
+// window (patterns/open_entry_units.h), and the identities of their event
+// actions. What is the module's own:
 //   - RT50 reads with the range "1" to "zzzzzz" (both inclusive), at most
 //     2000 rows and without a word about more; its Open sets only
 //     NEXT_ENABLED.
@@ -22,28 +19,81 @@
 #define WATRIX_MODULES_LAB_REMARK_LAB_REMARK_UNITS_H_
 
 #include "frame/entry.h"
+#include "frame/tables.h"
+#include "frame/unit.h"
+#include "modules/lab_remark/lab_remark_blocks.h"
+#include "modules/lab_remark/lab_remark_views.h"
+#include "patterns/delete_dialog.h"
+#include "patterns/open_entry.h"
+#include "patterns/open_entry_units.h"
+#include "patterns/stack_list.h"
+#include "patterns/stack_list_units.h"
+#include "store/statement.h"
 
 namespace lk::lab_remark {
 
-// RT50 (dialog 366).
-void RT50_LAB_REMARK_MAINT_LIST_OPEN(HandleA, HandleB, RunContext*, void*, void*);
-void RT50_LAB_REMARK_LB_CLICK(HandleA, HandleB, RunContext*, void*, void*);
-void RT50_LAB_REMARK_LB_DOUBLECLICK(HandleA, HandleB, RunContext*, void*, void*);
-void RT50_LAB_REMARK_PB_ADD_CLICK(HandleA, HandleB, RunContext*, void*, void*);
-void RT50_LAB_REMARK_PB_CHANGE_CLICK(HandleA, HandleB, RunContext*, void*, void*);
-void RT50_LAB_REMARK_PB_DELETE_CLICK(HandleA, HandleB, RunContext*, void*, void*);
-void RT50_LAB_REMARK_PB_CLOSE_CLICK(HandleA, HandleB, RunContext*, void*, void*);
-void RT50_LAB_REMARK_MAIN_PB_UP_CLICK(HandleA, HandleB, RunContext*, void*, void*);
-void RT50_LAB_REMARK_MA_PB_DOWN_CLICK(HandleA, HandleB, RunContext*, void*, void*);
+constexpr u32 kListProcedureId = 363;
+constexpr u32 kEntryProcedureId = 989;
 
-// RT50A (dialog 383).
-void RT50A_LAB_REMARK_PB_DELETE_CLICK(HandleA, HandleB, RunContext*, void*, void*);
-void RT50A_LAB_REMARK_PB_CANCEL_CLICK(HandleA, HandleB, RunContext*, void*, void*);
+// RT50_LAB_REMARK_MAINT_LIST as a stack list.
+struct RemarkList {
+  using ListForms = RemarkListForms;
+  using StackForms = RemarkPagesForms;
+  using Dictionary = ListDictionary;
+  static const patterns::StackList kList;
+  static const patterns::DeleteDialog kDeleteDialog;
+  static constexpr UnitId kBodyId = {"0009961480", "RT50_LAB_REMARK_MAINT_LIST"};
+  static constexpr const UnitId& kListId = lab_remark::kListId;
+  static constexpr const store::StatementDef& kListStatement = lab_remark::kListStatement;
+  static constexpr const char* kRangeStart = "1";
+  static constexpr const char* kRangeEnd = "zzzzzz";
+  static constexpr auto kRowKey = &RemarkListRow::SHORT_NAME;
+  static constexpr auto kFirstKey = &RemarkPagesGroup::FIRST_ROW_SHORT_NAME;
+  static constexpr auto kLastKey = &RemarkPagesGroup::LAST_ROW_SHORT_NAME;
+  static void Remove(HandleA a, HandleB b, RunContext* rc, const RemarkListRow& key);
+};
+using List = patterns::StackListUnits<RemarkList>;
 
-// RT51 (dialog 992).
-void RT51_LAB_REMARK_DATA_ENTRY_OPEN(HandleA, HandleB, RunContext*, void*, void*);
-void RT51_LAB_REMARK_PB_ACCEPT_CLICK(HandleA, HandleB, RunContext*, void*, void*);
-void RT51_LAB_REMARK_PB_CANCEL_CLICK(HandleA, HandleB, RunContext*, void*, void*);
+// RT51_LAB_REMARK_DATA_ENTRY as an Open-style window.
+struct RemarkEntry {
+  using Forms = RemarkForms;
+  using HiddenForms = RemarkHiddenForms;
+  using Dictionary = EntryDictionary;
+  static const ViewNameRow& Views();
+  static constexpr patterns::OpenEntry kEntry = {EXIT_LAB_REMARK_NOT_FOUND,
+                                                 EXIT_LAB_REMARK_DUPLICATE, kDuplicateText,
+                                                 /*return_command=*/nullptr, 81};
+  static constexpr UnitId kBodyId = {"0009961500", "RT51_LAB_REMARK_DATA_ENTRY"};
+  static bool CheckFields(RunContext* rc, EntryExport* e);
+  static void CheckDuplicate(HandleA a, HandleB b, RunContext* rc, const EntryExport& e);
+  static void Read(HandleA a, HandleB b, RunContext* rc, const RemarkRow& key, RemarkRow* row);
+  static void Identify(HandleA a, HandleB b, RunContext* rc,
+                       const patterns::SystemVariableView* system, const RemarkRow* row,
+                       RemarkRow* written);
+  static void Modify(HandleA a, HandleB b, RunContext* rc,
+                     const patterns::SystemVariableView* system, const RemarkRow* row);
+};
+using Entry = patterns::OpenEntryUnits<RemarkEntry>;
+
+// The event actions that are the patterns' steps under their own names.
+inline constexpr UnitId kOpenId = {"0009961481", "RT50_LAB_REMARK_MAINT_LIST_OPEN"};
+inline constexpr UnitId kClickId = {"0009961482", "RT50_LAB_REMARK_LB_CLICK"};
+inline constexpr UnitId kDoubleClickId = {"0009961483", "RT50_LAB_REMARK_LB_DOUBLECLICK"};
+inline constexpr UnitId kAddId = {"0009961484", "RT50_LAB_REMARK_PB_ADD_CLICK"};
+inline constexpr UnitId kChangeId = {"0009961485", "RT50_LAB_REMARK_PB_CHANGE_CLICK"};
+inline constexpr UnitId kDeleteId = {"0009961486", "RT50_LAB_REMARK_PB_DELETE_CLICK"};
+inline constexpr UnitId kCloseId = {"0009961487", "RT50_LAB_REMARK_PB_CLOSE_CLICK"};
+inline constexpr UnitId kUpId = {"0009961488", "RT50_LAB_REMARK_MAIN_PB_UP_CLICK"};
+inline constexpr UnitId kDownId = {"0009961489", "RT50_LAB_REMARK_MA_PB_DOWN_CLICK"};
+inline constexpr UnitId kConfirmId = {"0009961490", "RT50A_LAB_REMARK_PB_DELETE_CLICK"};
+inline constexpr UnitId kDismissId = {"0009961491", "RT50A_LAB_REMARK_PB_CANCEL_CLICK"};
+inline constexpr UnitId kEntryOpenId = {"0009961501", "RT51_LAB_REMARK_DATA_ENTRY_OPEN"};
+inline constexpr UnitId kAcceptId = {"0009961502", "RT51_LAB_REMARK_PB_ACCEPT_CLICK"};
+inline constexpr UnitId kCancelId = {"0009961503", "RT51_LAB_REMARK_PB_CANCEL_CLICK"};
+
+// The paging actions that no row leads to.
+inline constexpr EventAction kUpAction = List::Nothing<kUpId>;
+inline constexpr EventAction kDownAction = List::Nothing<kDownId>;
 
 }  // namespace lk::lab_remark
 

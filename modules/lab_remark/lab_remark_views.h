@@ -1,21 +1,14 @@
-// The views of the lab remark module: RT50_LAB_REMARK_MAINT_LIST (the list
-// window and its delete dialog RT50A) and RT51_LAB_REMARK_DATA_ENTRY.
+// The lab remark in its forms, and the views of its two procedures: the
+// list RT50_LAB_REMARK_MAINT_LIST (a stack list of 2000 rows with a stack of
+// 100 pages, patterns/stack_views.h) with its delete dialog RT50A, and the
+// data entry window RT51_LAB_REMARK_DATA_ENTRY (Open style).
 //
-// The entity is LAB_REMARK, table TSRLBRMK: TSRLBRMK_IS_NUMBER (a number of
-// 12 digits, held as a double), TSRLBRMK_ORG_ID (8), SHORT_NAME (6),
-// DESCRIPTION_TEXT (varying, 60), D_USERID_CODE (8),
-// D_LAST_UPDATE_TIMESTAMP (20 digits).
-//
-// RT50's import view holds what its body copies (SYSTEM_VARIABLE, the row in
-// hand, the selected row's SUBSCRIPT, the page and its stack), the two
-// enabled flags that a click copies, and the row marks of the list, which a
-// click reads from the window; the rows themselves live in the export view
-// only. RT51's import view holds all that its window shows, the hidden copy
-// and the kept COMMAND.
-//
-// Layout rules (frame/views.h): all-zero is the empty view; export
-// attributes have six display bytes in front; numbers are eight bytes of a
-// double; group columns keep a slot for row 0; counts are 32-bit.
+// Entity LAB_REMARK, table TSRLBRMK: TSRLBRMK_IS_NUMBER (12 digits, a
+// double), TSRLBRMK_ORG_ID (8), SHORT_NAME (6), DESCRIPTION_TEXT (varying,
+// 60), D_USERID_CODE (8), D_LAST_UPDATE_TIMESTAMP. The list's rows and its
+// row in hand carry the first four; the window all six, and as first shown
+// the short name and the description (EXPORT_HIDDEN). The list reads by
+// SHORT_NAME, which is also the key of the duplicate check and of the pages.
 #ifndef WATRIX_MODULES_LAB_REMARK_LAB_REMARK_VIEWS_H_
 #define WATRIX_MODULES_LAB_REMARK_LAB_REMARK_VIEWS_H_
 
@@ -23,6 +16,9 @@
 
 #include "frame/tables.h"
 #include "frame/views.h"
+#include "patterns/fixed_text.h"
+#include "patterns/row_forms.h"
+#include "patterns/stack_views.h"
 
 namespace lk::lab_remark {
 
@@ -30,142 +26,75 @@ namespace lk::lab_remark {
 constexpr int kListRows = 2000;
 constexpr int kStackRows = 100;
 
-// Storage of the attributes.
-constexpr int kNumber = 8;
-constexpr int kOrgId = 9;
-constexpr int kShortName = 7;
-constexpr int kDescription = 61;
-constexpr int kUserId = 9;
-constexpr int kFlag = 2;
-constexpr int kCommand = 81;
-
-// Attribute types of the views.
-inline constexpr AttributeType kFlagType = {2, "S ", 1, "", nullptr, 0, {0, 0}};
-inline constexpr AttributeType kSubscriptType = {5, "B ", 4, "", nullptr, 0, {0, 0}};
+// Attribute types of the entity.
 inline constexpr AttributeType kIsNumberType = {13, "B ", 12, "", nullptr, 0, {0, 0}};
 inline constexpr AttributeType kOrgIdType = {9, "S ", 8, "", nullptr, 0, {0, 0}};
 inline constexpr AttributeType kShortNameType = {7, "S ", 6, "", nullptr, 0, {0, 0}};
 inline constexpr AttributeType kDescriptionType = {61, "Y ", 60, "", nullptr, 0, {0, 0}};
 inline constexpr AttributeType kUserIdType = {9, "S ", 8, "", nullptr, 0, {0, 0}};
-inline constexpr AttributeType kTimestampType = {26, "Q ", 20, "YYYY-MM-DD-HH.MI.SS.NNNNNN", nullptr,
-                                          0, {0, 0}};
-inline constexpr AttributeType kCommandType = {81, "S ", 80, "", nullptr, 0, {0, 0}};
+inline constexpr AttributeType kTimestampType = {26, "Q ", 20, "YYYY-MM-DD-HH.MI.SS.NNNNNN",
+                                                 nullptr, 0, {0, 0}};
 
+// The list's row; SHORT_NAME is the key it reads and checks by.
+#define LK_REMARK_LIST(X)                            \
+  X(TSRLBRMK_IS_NUMBER, 8, kIsNumberType, false)     \
+  X(TSRLBRMK_ORG_ID, 9, kOrgIdType, false)           \
+  X(SHORT_NAME, 7, kShortNameType, true)             \
+  X(DESCRIPTION_TEXT, 61, kDescriptionType, false)
+LK_ROW_FORMS(RemarkList, kListRows, LK_REMARK_LIST, TSRLBRMK_IS_NUMBER, TSRLBRMK_ORG_ID);
+#undef LK_REMARK_LIST
 
-// ---- RT50_LAB_REMARK_MAINT_LIST ----
+// The whole row, as the window and the blocks hold it.
+#define LK_REMARK(X)                                                   \
+  X(TSRLBRMK_IS_NUMBER, 8, kIsNumberType, false)                       \
+  X(TSRLBRMK_ORG_ID, 9, kOrgIdType, false)                             \
+  X(SHORT_NAME, 7, kShortNameType, true)                               \
+  X(DESCRIPTION_TEXT, 61, kDescriptionType, false)                     \
+  X(D_USERID_CODE, 9, kUserIdType, false)                              \
+  X(D_LAST_UPDATE_TIMESTAMP, kTimestampStorage, kTimestampType, false)
+LK_ROW_FORMS(Remark, 1, LK_REMARK, TSRLBRMK_IS_NUMBER, TSRLBRMK_ORG_ID);
+#undef LK_REMARK
 
-struct ListImport {
-  char reserved[4];
-  struct {
-    char FLAG[kFlag];
-  } EXPORT_NEXT_ENABLED, EXPORT_PREV_ENABLED;
-  struct {
-    char SUBSCRIPT[kNumber];
-  } EXPORT_STACK;
-  struct {
-    char TSRLBRMK_IS_NUMBER[kNumber];
-    char TSRLBRMK_ORG_ID[kOrgId];
-    char SHORT_NAME[kShortName];
-    char DESCRIPTION_TEXT[kDescription];
-  } EXPORT_SELECTED;
-  struct {
-    char USER_ID_CODE[kUserId];
-    char CURRENT_ORG_ID[kUserId];
-  } SYSTEM_VARIABLE;
-  struct {
-    char SUBSCRIPT[kNumber];
-  } EXPORT_ROW_SELECTED;
-  std::int32_t list_count;
-  Column<kListRows, kFlag> SELECT_CHAR;
-  std::int32_t stack_count;
-  Column<kStackRows, kShortName> LAST_ROW_SHORT_NAME;
-  Column<kStackRows, kShortName> FIRST_ROW_SHORT_NAME;
-};
+// What the window can change, as first shown.
+#define LK_REMARK_HIDDEN(X)              \
+  X(SHORT_NAME, 7, kShortNameType, false) \
+  X(DESCRIPTION_TEXT, 61, kDescriptionType, false)
+LK_GROUP_FORMS(RemarkHidden, 1, LK_REMARK_HIDDEN);
+#undef LK_REMARK_HIDDEN
 
-struct ListExport {
-  std::uint32_t reserved;
-  struct {
-    Shown<kFlag> FLAG;
-  } EXPORT_NEXT_ENABLED, EXPORT_PREV_ENABLED;
-  struct {
-    Shown<kNumber> SUBSCRIPT;
-  } EXPORT_STACK;
-  struct {
-    Shown<kFlag> FLAG;
-  } EXPORT_ALREADY_AT_TOP, EXPORT_ALREADY_AT_BOTTOM;
-  struct {
-    Shown<kNumber> TSRLBRMK_IS_NUMBER;
-    Shown<kOrgId> TSRLBRMK_ORG_ID;
-    Shown<kShortName> SHORT_NAME;
-    Shown<kDescription> DESCRIPTION_TEXT;
-  } EXPORT_SELECTED;
-  struct {
-    Shown<kUserId> USER_ID_CODE;
-    Shown<kUserId> CURRENT_ORG_ID;
-  } EXPORT;  // EXPORT.SYSTEM_VARIABLE
-  struct {
-    Shown<kNumber> SUBSCRIPT;
-  } EXPORT_ROW_SELECTED;
-  // GRP_EXPORT: GRP_EXPORT_SEL.RUNTIME_SUPPLIED and GRP_EXPORT.LAB_REMARK.
-  std::int32_t list_count;
-  ShownColumn<kListRows, kFlag> SELECT_CHAR;
-  ShownColumn<kListRows, kNumber> TSRLBRMK_IS_NUMBER;
-  ShownColumn<kListRows, kOrgId> TSRLBRMK_ORG_ID;
-  ShownColumn<kListRows, kShortName> SHORT_NAME;
-  ShownColumn<kListRows, kDescription> DESCRIPTION_TEXT;
-  // GRP_EXPORT_STACK.WATRIX_WORK_SET.
-  std::int32_t stack_count;
-  ShownColumn<kStackRows, kShortName> LAST_ROW_SHORT_NAME;
-  ShownColumn<kStackRows, kShortName> FIRST_ROW_SHORT_NAME;
-};
+// The page keys of the stack.
+#define LK_REMARK_PAGES(X)                         \
+  X(LAST_ROW_SHORT_NAME, 7, kShortNameType, false) \
+  X(FIRST_ROW_SHORT_NAME, 7, kShortNameType, false)
+LK_GROUP_FORMS(RemarkPages, kStackRows, LK_REMARK_PAGES);
+#undef LK_REMARK_PAGES
 
-// ---- RT51_LAB_REMARK_DATA_ENTRY ----
+constexpr u32 kShortName = sizeof(RemarkListRow::SHORT_NAME);
+constexpr u32 kDescription = sizeof(RemarkListRow::DESCRIPTION_TEXT);
 
-struct EntryImport {
-  char reserved[4];
-  struct {
-    char SHORT_NAME[kShortName];
-    char DESCRIPTION_TEXT[kDescription];
-  } EXPORT_HIDDEN;
-  struct {
-    char USER_ID_CODE[kUserId];
-    char CURRENT_ORG_ID[kUserId];
-  } SYSTEM_VARIABLE;
-  struct {
-    char TSRLBRMK_IS_NUMBER[kNumber];
-    char TSRLBRMK_ORG_ID[kOrgId];
-    char SHORT_NAME[kShortName];
-    char DESCRIPTION_TEXT[kDescription];
-    char D_USERID_CODE[kUserId];
-    char D_LAST_UPDATE_TIMESTAMP[kTimestampStorage];
-  } LAB_REMARK;
-  struct {
-    char COMMAND[kCommand];
-  } RUNTIME_SUPPLIED;
-};
+inline constexpr patterns::FixedText kEntity = "LAB_REMARK";
+using ListDictionary = patterns::StackListViews<RemarkListForms, RemarkPagesForms, kEntity>;
+using EntryDictionary = patterns::OpenEntryViews<RemarkForms, RemarkHiddenForms, kEntity>;
+using ListImport = ListDictionary::Import;
+using ListExport = ListDictionary::Export;
+using EntryImport = EntryDictionary::Import;
+using EntryExport = EntryDictionary::Export;
 
-struct EntryExport {
-  std::uint32_t reserved;
-  struct {
-    Shown<kShortName> SHORT_NAME;
-    Shown<kDescription> DESCRIPTION_TEXT;
-  } EXPORT_HIDDEN;
-  struct {
-    Shown<kUserId> USER_ID_CODE;
-    Shown<kUserId> CURRENT_ORG_ID;
-  } SYSTEM_VARIABLE;  // EXPORT.SYSTEM_VARIABLE
-  struct {
-    Shown<kNumber> TSRLBRMK_IS_NUMBER;
-    Shown<kOrgId> TSRLBRMK_ORG_ID;
-    Shown<kShortName> SHORT_NAME;
-    Shown<kDescription> DESCRIPTION_TEXT;
-    Shown<kUserId> D_USERID_CODE;
-    Shown<kTimestampStorage> D_LAST_UPDATE_TIMESTAMP;
-  } LAB_REMARK;  // EXPORT.LAB_REMARK
-  struct {
-    Shown<kCommand> COMMAND;
-  } RUNTIME_SUPPLIED;  // EXPORT.RUNTIME_SUPPLIED
-};
+// Exit states of the module.
+constexpr u32 EXIT_LINK_RT51 = 0x4B6C0D07;
+constexpr u32 EXIT_LAB_REMARK_DUPLICATE = 0x4B6C0D08;
+constexpr u32 EXIT_LAB_REMARK_NOT_FOUND = 0x4B6C0D09;
+constexpr u32 EXIT_LAB_REMARK_GONE = 0x4B6C0D0A;
+constexpr u32 EXIT_LAB_REMARK_ALREADY_EXISTS = 0x4B6C0D0B;
+constexpr u32 EXIT_LAB_REMARK_NOT_UNIQUE = 0x4B6C0D0C;
+constexpr u32 EXIT_LAB_REMARK_PERMITTED_VALUE = 0x4B6C0D0D;
+
+inline constexpr char kNotFoundText[] = "LAB_REMARK was not found.";
+inline constexpr char kAlreadyExistsText[] = "LAB_REMARK already exists.";
+inline constexpr char kNotUniqueText[] = "LAB_REMARK is not unique.";
+inline constexpr char kPermittedValueText[] = "LAB_REMARK permitted value violation.";
+inline constexpr char kGoneText[] = "Lab Remark not found.";
+inline constexpr char kDuplicateText[] = "A Lab Remark with this short name already exists.";
 
 }  // namespace lk::lab_remark
 

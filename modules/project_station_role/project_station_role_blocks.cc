@@ -75,7 +75,9 @@ constexpr StatementDef kPageOn = {
     "AND (TYPE_NAME = :TYPE_NAME OR TYPE_NAME > :TYPE_NAME) "
     "ORDER BY TYPE_NAME ASC LIMIT 101",
     kPageKeyColumns, kRowColumns};
-static_assert(kListRows + 1 == 101, "the page cursors' LIMIT is the group's maximum plus one");
+static_assert(store::EndsWithLimit(kPageUp.text, kListRows + 1) &&
+                  store::EndsWithLimit(kPageOn.text, kListRows + 1),
+              "the page cursors' LIMIT is the group's maximum plus one");
 
 constexpr StatementDef kDuplicate = {
     "0000000001", 1,
