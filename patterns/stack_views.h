@@ -35,37 +35,6 @@
 #include "patterns/row_forms.h"
 #include "patterns/row_views.h"
 
-// A group of rows with no marks, declared once: LK_GROUP_FORMS(Name, rows,
-// ATTRIBUTES) defines NameRow, NameShown, NameGroup and NameImportGroup (each
-// group its count, then a column per attribute) and the traits NameForms
-// with the RowAttribute table, as LK_ROW_FORMS does for a list's rows.
-#define LK_GROUP_FORMS(Name, rows, ATTRIBUTES) \
-  struct Name##Row {                           \
-    ATTRIBUTES(LK_ROW_FORMS_BARE)              \
-  };                                           \
-  struct Name##Shown {                         \
-    ATTRIBUTES(LK_ROW_FORMS_SHOWN)             \
-  };                                           \
-  struct Name##Group {                         \
-    static constexpr int kRowsOfForms = rows;  \
-    std::int32_t count;                        \
-    ATTRIBUTES(LK_ROW_FORMS_COLUMN_SHOWN)      \
-  };                                           \
-  struct Name##ImportGroup {                   \
-    static constexpr int kRowsOfForms = rows;  \
-    std::int32_t count;                        \
-    ATTRIBUTES(LK_ROW_FORMS_COLUMN)            \
-  };                                           \
-  struct Name##Forms {                         \
-    using Self = Name##Forms;                  \
-    using Row = Name##Row;                     \
-    using Shown = Name##Shown;                 \
-    using Group = Name##Group;                 \
-    using ImportGroup = Name##ImportGroup;     \
-    static constexpr int kRows = rows;         \
-    static constexpr ::lk::patterns::RowAttribute kAttributes[] = {ATTRIBUTES(LK_ROW_FORMS_ATTRIBUTE)}; \
-  }
-
 namespace lk::patterns {
 
 // The attribute types of a stack list's own views.

@@ -16,6 +16,7 @@
 
 #include "frame/tables.h"
 #include "frame/transport/plan.h"
+#include "frame/window_decl.h"
 
 namespace lk::head {
 
@@ -63,6 +64,20 @@ constexpr ProcedureDecl DeclareProcedure(ProcedureEntry entry, u32 import_size, 
           ImportToExport<Views>, ExportToImport<Views>,
           ImportUnpack<Views>,  ExportPack<Views>,
           windows,              static_cast<int>(N)};
+}
+
+// The WindowRows of the windows W, in order.
+template <const WindowDecl&... W>
+inline constexpr WindowRow kWindowsOf[] = {WindowRows<W>::kRow...};
+
+// A procedure whose views are those of `Dictionary` (its Import and Export
+// view types), filed as `Views`, with the windows W in window table order.
+template <class Dictionary, const ViewNameRow& Views, const WindowDecl&... W>
+constexpr ProcedureDecl DeclareProcedure(ProcedureEntry entry, const char* title,
+                                         FlowsDecl flows = {}) {
+  return DeclareProcedure<Views>(entry, sizeof(typename Dictionary::Import),
+                                 sizeof(typename Dictionary::Export), title, kWindowsOf<W...>,
+                                 flows);
 }
 
 template <std::size_t N>

@@ -104,7 +104,7 @@ inline constexpr FieldDescriptor kIsNumberShown = {kTagProtected, &kIsNumberType
 inline constexpr FieldDescriptor kShortNameEntry = {kTagEntry, &kShortNameType};
 inline constexpr FieldDescriptor kDescriptionEntry = {kTagEntry, &kDescriptionType};
 inline constexpr FieldDescriptor kStampShown = {kTagProtected, &kTimestampType};
-inline constexpr FieldDescriptor kUserIdShown = {kTagProtected, &kUserIdType};
+inline constexpr FieldDescriptor kUserIdShown = {kTagProtected, &kStampUserType};
 inline constexpr ControlDecl kEntryControls[] = {
     Field(994, "TSRLBRMK_IS_NUMBER1", &kIsNumberShown, 993, "EXPORT.LAB_REMARK.TSRLBRMK_IS_NUMBER"),
     Field(996, "SHORT_NAME1", &kShortNameEntry, 995, "EXPORT.LAB_REMARK.SHORT_NAME"),
@@ -122,16 +122,10 @@ inline constexpr WindowDecl kEntryWindow =
 
 // ---- The module ----
 
-inline constexpr WindowRow kListWindows[] = {WindowRows<kListWindow>::kRow,
-                                             WindowRows<kDeleteWindow>::kRow};
-inline constexpr WindowRow kEntryWindows[] = {WindowRows<kEntryWindow>::kRow};
-
 inline constexpr head::ProcedureDecl kProcedures[] = {
-    head::DeclareProcedure<kListViews>(List::Body, sizeof(ListImport),
-                                       sizeof(ListExport), kListTitle, kListWindows,
-                                       {ToEntry::state, ToEntry::kExits, ToEntry::kFlows}),
-    head::DeclareProcedure<kEntryViews>(Entry::Body, sizeof(EntryImport),
-                                        sizeof(EntryExport), kEntryTitle, kEntryWindows),
+    head::DeclareProcedure<ListDictionary, kListViews, kListWindow, kDeleteWindow>(
+        List::Body, kListTitle, {ToEntry::state, ToEntry::kExits, ToEntry::kFlows}),
+    head::DeclareProcedure<EntryDictionary, kEntryViews, kEntryWindow>(Entry::Body, kEntryTitle),
 };
 inline constexpr head::ModuleDecl kModule = head::DeclareModule(kProcedures);
 

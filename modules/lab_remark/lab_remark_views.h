@@ -26,12 +26,13 @@ namespace lk::lab_remark {
 constexpr int kListRows = 2000;
 constexpr int kStackRows = 100;
 
-// Attribute types of the entity.
-inline constexpr AttributeType kIsNumberType = {13, "B ", 12, "", nullptr, 0, {0, 0}};
+// Attribute types of the entity; the IS number and the user of the stamp
+// are those of every table.
+using patterns::kIsNumberType;
+using patterns::kStampUserType;
 inline constexpr AttributeType kOrgIdType = {9, "S ", 8, "", nullptr, 0, {0, 0}};
 inline constexpr AttributeType kShortNameType = {7, "S ", 6, "", nullptr, 0, {0, 0}};
 inline constexpr AttributeType kDescriptionType = {61, "Y ", 60, "", nullptr, 0, {0, 0}};
-inline constexpr AttributeType kUserIdType = {9, "S ", 8, "", nullptr, 0, {0, 0}};
 inline constexpr AttributeType kTimestampType = {26, "Q ", 20, "YYYY-MM-DD-HH.MI.SS.NNNNNN",
                                                  nullptr, 0, {0, 0}};
 
@@ -50,7 +51,7 @@ LK_ROW_FORMS(RemarkList, kListRows, LK_REMARK_LIST, TSRLBRMK_IS_NUMBER, TSRLBRMK
   X(TSRLBRMK_ORG_ID, 9, kOrgIdType, false)                             \
   X(SHORT_NAME, 7, kShortNameType, true)                               \
   X(DESCRIPTION_TEXT, 61, kDescriptionType, false)                     \
-  X(D_USERID_CODE, 9, kUserIdType, false)                              \
+  X(D_USERID_CODE, 9, kStampUserType, false)                              \
   X(D_LAST_UPDATE_TIMESTAMP, kTimestampStorage, kTimestampType, false)
 LK_ROW_FORMS(Remark, 1, LK_REMARK, TSRLBRMK_IS_NUMBER, TSRLBRMK_ORG_ID);
 #undef LK_REMARK

@@ -29,10 +29,10 @@ inline constexpr char kEntryTitle[] = "RT41 Project Role Data Entry";
 // The dictionaries, and the flow from the list to the data entry window:
 // the row in hand, SYSTEM_VARIABLE, COMMAND and SUBSCRIPT go; the window's
 // row comes back onto the row in hand.
-inline constexpr ViewNameRow kListViews = {"RT40_PROJECT_ROLE_MAIN_LIST", ListViews::kViewRows,
-                                           ListViews::kGroupRows, kListProcedureId};
+inline constexpr ViewNameRow kListViews = {"RT40_PROJECT_ROLE_MAIN_LIST", ListDictionary::kViewRows,
+                                           ListDictionary::kGroupRows, kListProcedureId};
 inline constexpr ViewNameRow kEntryViews = {"RT41_PROJECT_ROLE_DATA_ENTRY",
-                                            EntryViews::kViewRows, EntryViews::kGroupRows,
+                                            EntryDictionary::kViewRows, EntryDictionary::kGroupRows,
                                             kEntryProcedureId};
 using ToEntryPairs = patterns::ListToEntryFlow<RoleForms, kEntity>;
 inline constexpr FlowBinding kToEntry = {&kListViews, &kEntryViews, ToEntryPairs::kSend.data(),
@@ -95,7 +95,7 @@ inline constexpr WindowDecl kDeleteWindow =
 
 inline constexpr FieldDescriptor kTypeNameField = {kTagEntry, &kTypeNameType};
 inline constexpr FieldDescriptor kTimestampShown = {kTagProtected, &kTimestampType};
-inline constexpr FieldDescriptor kUserIdShown = {kTagProtected, &kUserIdType};
+inline constexpr FieldDescriptor kUserIdShown = {kTagProtected, &kStampUserType};
 // The type name's Changed event puts the literal "CHANGE" in place.
 inline constexpr ControlDecl kEntryControls[] = {
     Field(496, "TYPE_NAME1", &kTypeNameField, 495, "EXPORT.PROJECT_STATION_ROLE.TYPE_NAME",
@@ -112,16 +112,10 @@ inline constexpr WindowDecl kEntryWindow = DeclareWindow(
 
 // ---- The module ----
 
-inline constexpr WindowRow kListWindows[] = {WindowRows<kListWindow>::kRow,
-                                             WindowRows<kDeleteWindow>::kRow};
-inline constexpr WindowRow kEntryWindows[] = {WindowRows<kEntryWindow>::kRow};
-
 inline constexpr head::ProcedureDecl kProcedures[] = {
-    head::DeclareProcedure<kListViews>(List::Body, sizeof(ListImport),
-                                       sizeof(ListExport), kListTitle, kListWindows,
-                                       {ToEntry::state, ToEntry::kExits, ToEntry::kFlows}),
-    head::DeclareProcedure<kEntryViews>(Entry::Body, sizeof(EntryImport),
-                                        sizeof(EntryExport), kEntryTitle, kEntryWindows),
+    head::DeclareProcedure<ListDictionary, kListViews, kListWindow, kDeleteWindow>(
+        List::Body, kListTitle, {ToEntry::state, ToEntry::kExits, ToEntry::kFlows}),
+    head::DeclareProcedure<EntryDictionary, kEntryViews, kEntryWindow>(Entry::Body, kEntryTitle),
 };
 inline constexpr head::ModuleDecl kModule = head::DeclareModule(kProcedures);
 

@@ -26,7 +26,7 @@ constexpr u32 kEntryProcedureId = 491;
 struct RoleList {
   using Forms = RoleForms;
   static const ViewNameRow& Views();
-  static constexpr const ViewShape& kShape = ListViews::kShape;
+  static constexpr const ViewShape& kShape = ListDictionary::kShape;
   static constexpr u32 kLinkExit = EXIT_LINK_RT41;
   static constexpr const char* kDeleteWindow = kDeleteWindowName;
   static const patterns::DeleteDialog kDeleteDialog;
@@ -42,7 +42,7 @@ using List = patterns::FirstPageList<RoleList>;
 struct RoleEntry {
   using Forms = RoleForms;
   static const ViewNameRow& Views();
-  static constexpr const ViewShape& kShape = EntryViews::kShape;
+  static constexpr const ViewShape& kShape = EntryDictionary::kShape;
   static constexpr UnitId kBodyId = {"0017499101", "RT41_PROJECT_ROLE_DATA_ENTRY"};
   static constexpr u32 kNotFound = EXIT_PSR_NOT_FOUND;
   static constexpr u32 kDuplicateExit = EXIT_PSR_DUPLICATE;

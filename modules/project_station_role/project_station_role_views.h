@@ -23,11 +23,12 @@ namespace lk::project_station_role {
 
 constexpr int kListRows = 100;
 
-// Attribute types of the entity.
-inline constexpr AttributeType kIsNumberType = {13, "B ", 12, "", nullptr, 0, {0, 0}};
+// Attribute types of the entity; the IS number and the user of the stamp
+// are those of every table.
+using patterns::kIsNumberType;
+using patterns::kStampUserType;
 inline constexpr AttributeType kOrgIdType = {9, "S ", 8, "", nullptr, 0x100, {0, 0}};
 inline constexpr AttributeType kTypeNameType = {33, "Y ", 32, "", nullptr, 0x100, {0, 0}};
-inline constexpr AttributeType kUserIdType = {9, "S ", 8, "", nullptr, 0, {0, 0}};
 inline constexpr AttributeType kTimestampType = {21,      "Q ", 20,    "YYYY-MM-DD-HH.MI.SS.NNNNNN",
                                                  nullptr, 0,    {0, 0}};
 
@@ -37,19 +38,19 @@ inline constexpr AttributeType kTimestampType = {21,      "Q ", 20,    "YYYY-MM-
   X(TSMPSR_IS_NUMBER, 8, kIsNumberType, false)          \
   X(TSMPSR_ORG_ID, 9, kOrgIdType, false)                \
   X(TYPE_NAME, 33, kTypeNameType, true)                 \
-  X(D_USERID_CODE, 9, kUserIdType, false)               \
+  X(D_USERID_CODE, 9, kStampUserType, false)               \
   X(D_LAST_UPDATE_TIMESTAMP, 21, kTimestampType, false)
 LK_ROW_FORMS(Role, kListRows, LK_ROLE_ATTRIBUTES, TSMPSR_IS_NUMBER, TSMPSR_ORG_ID);
 #undef LK_ROLE_ATTRIBUTES
 
 inline constexpr char kDeleteWindowName[] = "RT40A_DELETE_PROJECT_ROLE";
 inline constexpr patterns::FixedText kEntity = "PROJECT_STATION_ROLE";
-using ListViews = patterns::FirstPageViews<RoleForms, kEntity>;
-using EntryViews = patterns::BodyEntryViews<RoleForms, kEntity>;
-using ListImport = ListViews::Import;
-using ListExport = ListViews::Export;
-using EntryImport = EntryViews::Import;
-using EntryExport = EntryViews::Export;
+using ListDictionary = patterns::FirstPageViews<RoleForms, kEntity>;
+using EntryDictionary = patterns::BodyEntryViews<RoleForms, kEntity>;
+using ListImport = ListDictionary::Import;
+using ListExport = ListDictionary::Export;
+using EntryImport = EntryDictionary::Import;
+using EntryExport = EntryDictionary::Export;
 
 // Exit states of the module.
 constexpr u32 EXIT_LINK_RT41 = 0x4B001925;           // RT40 -> RT41, add or change
