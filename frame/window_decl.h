@@ -75,6 +75,13 @@ constexpr ControlDecl ScrollButton(u32 id, const char* name, const void* descrip
           .keyword = keyword, .keyword_code = code,
           .events = {EventDecl{"Click", click, keyword, ' '}, {}}};
 }
+// A button that carries a keyword: a press sends the keyword as COMMAND and
+// runs the procedure's body; it raises no event.
+constexpr ControlDecl KeywordButtonDecl(u32 id, const char* name, const char* keyword,
+                                        u32 code) {
+  return {.id = id, .name = name, .descriptor = kButton, .action = ActionKind::kKeyword,
+          .keyword = keyword, .keyword_code = code};
+}
 // A field showing `attribute`, labelled by the static `label`.
 constexpr ControlDecl Field(u32 id, const char* name, const void* descriptor, u32 label,
                             const char* attribute, EventDecl changed = {}) {

@@ -1,12 +1,14 @@
-// The reference table menu, RT1_REFERENCE_TABLE_MAINT_MENU: the parts that
-// the head tables take from it. Its three windows are the first page (dialog
-// 835), the second page RT1A (819) and the characteristic type dialog RT1B
-// (828). The head tables place its procedure from kModule.
+// The reference table menu, RT1_REFERENCE_TABLE_MAINT_MENU, as the head
+// tables take it: the first page (dialog 835), the second page RT1A (819) and
+// the characteristic type dialog RT1B (828), each control declared once
+// (frame/window_decl.h).
 #ifndef WATRIX_MODULES_MENU_MENU_H_
 #define WATRIX_MODULES_MENU_MENU_H_
 
 #include "frame/head/module_decl.h"
 #include "frame/tables.h"
+#include "frame/window_decl.h"
+#include "modules/menu/menu_units.h"
 #include "modules/menu/menu_views.h"
 
 namespace lk::menu {
@@ -23,40 +25,72 @@ extern const GroupRow kGroupRows[];
 inline constexpr ViewNameRow kViews = {"RT1_REFERENCE_TABLE_MAINT_MENU", kViewRows, kGroupRows,
                                        kProcedureId};
 
-// Window parts: first page, second page, characteristic type dialog.
-extern const ActionControlRow kMainActions[];
-extern const ControlRow kMainControls[];
-extern const EventRow kMainEvents[];
-extern const ActionControlRow kPage2Actions[];
-extern const ControlRow kPage2Controls[];
-extern const EventRow kPage2Events[];
-extern const ActionControlRow kCharTypeActions[];
-extern const ControlRow kCharTypeControls[];
-extern const EventRow kCharTypeEvents[];
-extern const StaticItemRow kNoStatics[];
-void ReadMain(WindowHandle, void*);
-void WriteMain(WindowHandle, void*);
-void ReadPage2(WindowHandle, void*);
-void WritePage2(WindowHandle, void*);
-void ReadCharType(WindowHandle, void*);
-void WriteCharType(WindowHandle, void*);
+// ---- The first page: three columns a row, seven rows, then "Additional
+// Tables >>>", "C&lose" and "&Help". Buttons that carry a keyword raise no
+// event: a press sends the keyword as COMMAND and runs the body. ----
 
-inline constexpr WindowRow kWindowRows[] = {
-    {kProcedureId, 835, kMainActions, kMainControls, ReadMain, WriteMain, "SD", "A",
-     kMainEvents, "RT1_REFERENCE_TABLE_MAINT_MENU", 0, 0, kNoStatics, nullptr, kNoStatics, 0},
-    {kProcedureId, 819, kPage2Actions, kPage2Controls, ReadPage2, WritePage2, "DD", "A",
-     kPage2Events, "RT1A_REFERENCE_TABLE_MAINT_MENU", 0, 0, kNoStatics, nullptr, kNoStatics,
-     0},
-    {kProcedureId, 828, kCharTypeActions, kCharTypeControls, ReadCharType, WriteCharType, "DD",
-     "A", kCharTypeEvents, "RT1B_CHAR_TYPE_SELECT", 0, 0, kNoStatics, nullptr, kNoStatics, 0},
+inline constexpr ControlDecl kMainControls[] = {
+    KeywordButtonDecl(841, "Button1", "LINK3", 1461),
+    KeywordButtonDecl(842, "Button2", "LINK52", 1413),
+    KeywordButtonDecl(843, "Button3", "LINK15", 1515),
+    KeywordButtonDecl(847, "Button4", "LINK5", 1475),
+    KeywordButtonDecl(848, "Button5", "LINK22", 1485),
+    KeywordButtonDecl(849, "Button6", "LINK8", 1517),
+    KeywordButtonDecl(853, "Button7", "LINK14", 1507),
+    KeywordButtonDecl(854, "Button8", "LINK36", 1462),
+    KeywordButtonDecl(855, "Button9", "LINK11", 1480),
+    KeywordButtonDecl(859, "Button10", "LINK2", 1452),
+    KeywordButtonDecl(860, "Button11", "LINK7", 1489),
+    KeywordButtonDecl(861, "Button12", "LINK1", 1447),
+    KeywordButtonDecl(865, "Button13", "LINK6", 1484),
+    KeywordButtonDecl(866, "Button14", "LINK13", 1430),
+    KeywordButtonDecl(867, "Button15", "LINK55", 1453),
+    KeywordButtonDecl(871, "Button16", "LINK10", 1468),
+    KeywordButtonDecl(872, "Button17", "LINK12", 1487),
+    KeywordButtonDecl(873, "Button18", "LINK40", 1520),
+    KeywordButtonDecl(877, "Button19", "LINK4", 1464),
+    KeywordButtonDecl(878, "Button20", "LINK9", 1523),
+    KeywordButtonDecl(879, "Button21", "LINK32", 1442),
+    Button(880, "Button22", Click(RT1_PB_ADDITIONAL_TABLES_CLICK)),
+    KeywordButtonDecl(881, "Button23", "EXIT", 1410),
+    HelpButtonDecl(882, "Button24"),
+};
+inline constexpr WindowDecl kMainWindow = DeclareWindow(
+    kProcedureId, 835, "SD", "RT1_REFERENCE_TABLE_MAINT_MENU", kViews, kMainControls);
+
+// ---- RT1A, the second page ----
+
+inline constexpr ControlDecl kPage2Controls[] = {
+    KeywordButtonDecl(822, "Button1", "LINK34", 1504),
+    KeywordButtonDecl(824, "Button2", "LINK30", 1492),
+    Button(825, "Button3", Click(RT1A_PBM_CLOSE_CLK)),
+    HelpButtonDecl(826, "Button4"),
+};
+inline constexpr WindowDecl kPage2Window = DeclareWindow(
+    kProcedureId, 819, "DD", "RT1A_REFERENCE_TABLE_MAINT_MENU", kViews, kPage2Controls);
+
+// ---- RT1B, the characteristic type dialog ----
+
+inline constexpr ControlDecl kCharTypeControls[] = {
+    Button(830, "Button1", Click(RT1B_NON_TAXON_CHARS)),
+    Button(831, "Button2", Click(RT1B_TAXON_CHARS)),
+    Button(832, "Button3", Click(RT1_CHAR_TYPE_CLOSE)),
+    HelpButtonDecl(833, "Button4"),
+};
+inline constexpr WindowDecl kCharTypeWindow = DeclareWindow(
+    kProcedureId, 828, "DD", "RT1B_CHAR_TYPE_SELECT", kViews, kCharTypeControls);
+
+// The view types of the dictionary above.
+struct MenuDictionary {
+  using Import = MenuImport;
+  using Export = MenuExport;
 };
 
 inline constexpr const char kTitle[] = "RT1 Reference Table Maintenance Menu";
 
 inline constexpr head::ProcedureDecl kProcedures[] = {
-    head::DeclareProcedure<kViews>(RT1_REFERENCE_TABLE_MAINT_MENU, sizeof(MenuImport),
-                                   sizeof(MenuExport), kTitle, kWindowRows,
-                                   {flow_state, kExitRows, kFlowRows}),
+    head::DeclareProcedure<MenuDictionary, kViews, kMainWindow, kPage2Window, kCharTypeWindow>(
+        RT1_REFERENCE_TABLE_MAINT_MENU, kTitle, {flow_state, kExitRows, kFlowRows}),
 };
 inline constexpr head::ModuleDecl kModule = head::DeclareModule(kProcedures);
 

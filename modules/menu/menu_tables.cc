@@ -1,11 +1,10 @@
-// The design rows of the reference table menu: its flows, its three windows'
-// controls and events, and its view dictionary.
+// The design rows of the reference table menu that are its own: its flows
+// and its view dictionary (its windows are declared in menu.h).
 //
-// Buttons that carry a keyword have no EventRow: a press sends the keyword as
-// COMMAND and runs the body. The flows to procedures whose modules are not
-// built yet have no send and receive; the host fails them as a missing
-// module. A later module's change gives its flow from the menu these two
-// functions.
+// The flows to procedures whose modules are not built yet have no send and
+// receive; the host fails them as a missing module. A later module's change
+// gives its flow from the menu the send and receive of kToList over the
+// module's list views.
 #include <cstddef>
 
 #include "frame/design_rows.h"
@@ -21,20 +20,20 @@ namespace lk::menu {
 
 u32 flow_state[2];
 
-
 namespace {
 
 constexpr u32 Flow(u32 n) { return (n << 16) | 0x00E4; }
 
-// One ReturnRow per flow.
-
-// The send and receive of the flows to the modules that are built; their
-// bindings stand with the view transport below.
-void SendToLabRemark(void* target_import, const void* source_export);
-void ReceiveFromLabRemark(void* source_export, void* source_import, const void* target_export);
-void SendToProjectStationRole(void* target_import, const void* source_export);
-void ReceiveFromProjectStationRole(void* source_export, void* source_import,
-                                   const void* target_export);
+// The flow to a table's list: the user and the organisation of the run go
+// to its SYSTEM_VARIABLE; nothing comes back.
+constexpr FlowPair kSystemSend[] = {
+    {"EXPORT.SYSTEM_VARIABLE.USER_ID_CODE", "EXPORT.SYSTEM_VARIABLE.USER_ID_CODE"},
+    {"EXPORT.SYSTEM_VARIABLE.CURRENT_ORG_ID", "EXPORT.SYSTEM_VARIABLE.CURRENT_ORG_ID"},
+    {nullptr, nullptr},
+};
+constexpr FlowPair kNothingBack[] = {{nullptr, nullptr}};
+template <const ViewNameRow& Target>
+constexpr FlowBinding kToList = {&kViews, &Target, kSystemSend, kNothingBack};
 
 }  // namespace
 
@@ -75,7 +74,8 @@ const ExitRow kExitRows[] = {
 const FlowRow kFlowRows[] = {
     LK_FLOW(0x101, 1293, "RT14_ANALYTICAL_EQUIP_MAINT_LIST", "E", "$#CURR#$", kReturnsOnReturn, ""),
     LK_FLOW(0x102, 113, "RT52_ERROR_MESSAGES_MAINT_LIST", "D", "", kReturnsOnCancel, ""),
-    {Flow(0x103), "L", 363, "RT50_LAB_REMARK_MAINT_LIST", SendToLabRemark, ReceiveFromLabRemark,
+    {Flow(0x103), "L", 363, "RT50_LAB_REMARK_MAINT_LIST", Send<kToList<lab_remark::kListViews>>,
+     Receive<kToList<lab_remark::kListViews>>,
      kReturnsOnCancel, "D", "", "E", "", 0},
     LK_FLOW(0x104, 1156, "RT16_ANALYT_PROCEDURE_MAINT_LIST", "E", "$#CURR#$", kReturnsOnReturn, ""),
     LK_FLOW(0x105, 111, "RT22_ESTUARY_MAINTENANCE_LIS0", "D", "", kReturnsOnCancel, ""),
@@ -90,8 +90,8 @@ const FlowRow kFlowRows[] = {
     LK_FLOW(0x10E, 121, "RT55_PERSON_ROLE_MAINT_LIST", "E", "$#CURR#$", kReturnsOnReturn, ""),
     LK_FLOW(0x10F, 163, "RT11_CATEGORY_SUBCAT_MAINT_LIST", "E", "", kReturnsOnCancel, ""),
     LK_FLOW(0x110, 1053, "RT44_GEO_POL_AREA_MAINT_LIST1", "D", "", kReturnsOnCancel, ""),
-    {Flow(0x111), "L", 766, "RT40_PROJECT_ROLE_MAIN_LIST", SendToProjectStationRole,
-     ReceiveFromProjectStationRole, kReturnsOnReturn, "E", "$#CURR#$", "E", "", 0},
+    {Flow(0x111), "L", 766, "RT40_PROJECT_ROLE_MAIN_LIST", Send<kToList<project_station_role::kListViews>>,
+     Receive<kToList<project_station_role::kListViews>>, kReturnsOnReturn, "E", "$#CURR#$", "E", "", 0},
     LK_FLOW(0x112, 119, "RT26_NATL_CITATION_MAINT_LIST", "E", "$#CURR#$", kReturnsOnReturn, ""),
     LK_FLOW(0x113, 1122, "RT28_NATIVE_AMERCN_LAND_MAIN_LST", "E", "$#CURR#$", kReturnsOnReturn, ""),
     LK_FLOW(0x114, 676, "RT32_STND_INDSTRL_CD_MAINT_LIST", "E", "$#CURR#$", kReturnsOnReturn, ""),
@@ -104,85 +104,6 @@ const FlowRow kFlowRows[] = {
 };
 
 #undef LK_FLOW
-
-// ---- Windows ----
-
-namespace {
-
-
-}  // namespace
-
-const StaticItemRow kNoStatics[] = {{0, nullptr, 0}};
-
-// First page, buttons in tab order: three columns a row, seven rows, then
-// "Additional Tables >>>", "C&lose" and "&Help".
-const ActionControlRow kMainActions[] = {
-    KeywordButton(841, "LINK3", 1461, "Button1"),   KeywordButton(842, "LINK52", 1413, "Button2"),
-    KeywordButton(843, "LINK15", 1515, "Button3"),  KeywordButton(847, "LINK5", 1475, "Button4"),
-    KeywordButton(848, "LINK22", 1485, "Button5"),  KeywordButton(849, "LINK8", 1517, "Button6"),
-    KeywordButton(853, "LINK14", 1507, "Button7"),  KeywordButton(854, "LINK36", 1462, "Button8"),
-    KeywordButton(855, "LINK11", 1480, "Button9"),  KeywordButton(859, "LINK2", 1452, "Button10"),
-    KeywordButton(860, "LINK7", 1489, "Button11"),  KeywordButton(861, "LINK1", 1447, "Button12"),
-    KeywordButton(865, "LINK6", 1484, "Button13"),  KeywordButton(866, "LINK13", 1430, "Button14"),
-    KeywordButton(867, "LINK55", 1453, "Button15"), KeywordButton(871, "LINK10", 1468, "Button16"),
-    KeywordButton(872, "LINK12", 1487, "Button17"), KeywordButton(873, "LINK40", 1520, "Button18"),
-    KeywordButton(877, "LINK4", 1464, "Button19"),  KeywordButton(878, "LINK9", 1523, "Button20"),
-    KeywordButton(879, "LINK32", 1442, "Button21"), PlainButton(880, "Button22"),
-    KeywordButton(881, "EXIT", 1410, "Button23"),   HelpButton(882, "Button24"),
-    {0, nullptr, 0, nullptr, 0, 0, nullptr},
-};
-
-const ControlRow kMainControls[] = {
-    ButtonControl(841, "Button1"),   ButtonControl(842, "Button2"),   ButtonControl(843, "Button3"),
-    ButtonControl(847, "Button4"),   ButtonControl(848, "Button5"),   ButtonControl(849, "Button6"),
-    ButtonControl(853, "Button7"),   ButtonControl(854, "Button8"),   ButtonControl(855, "Button9"),
-    ButtonControl(859, "Button10"),  ButtonControl(860, "Button11"),  ButtonControl(861, "Button12"),
-    ButtonControl(865, "Button13"),  ButtonControl(866, "Button14"),  ButtonControl(867, "Button15"),
-    ButtonControl(871, "Button16"),  ButtonControl(872, "Button17"),  ButtonControl(873, "Button18"),
-    ButtonControl(877, "Button19"),  ButtonControl(878, "Button20"),  ButtonControl(879, "Button21"),
-    ButtonControl(880, "Button22"),  ButtonControl(881, "Button23"),  ButtonControl(882, "Button24"),
-    {0, nullptr, nullptr, nullptr, 0, nullptr, 0},
-};
-
-// The one event of the first page: "Additional Tables >>>".
-const EventRow kMainEvents[] = {
-    {880, "Click", RT1_PB_ADDITIONAL_TABLES_CLICK, nullptr, ' ', 0, 0, 0},
-    {0, nullptr, nullptr, nullptr, 0, 0, 0, 0},
-};
-
-const ActionControlRow kPage2Actions[] = {
-    KeywordButton(822, "LINK34", 1504, "Button1"), KeywordButton(824, "LINK30", 1492, "Button2"),
-    PlainButton(825, "Button3"), HelpButton(826, "Button4"),
-    {0, nullptr, 0, nullptr, 0, 0, nullptr},
-};
-
-const ControlRow kPage2Controls[] = {
-    ButtonControl(822, "Button1"), ButtonControl(824, "Button2"), ButtonControl(825, "Button3"),
-    ButtonControl(826, "Button4"), {0, nullptr, nullptr, nullptr, 0, nullptr, 0},
-};
-
-const EventRow kPage2Events[] = {
-    {825, "Click", RT1A_PBM_CLOSE_CLK, nullptr, ' ', 0, 0, 0},
-    {0, nullptr, nullptr, nullptr, 0, 0, 0, 0},
-};
-
-const ActionControlRow kCharTypeActions[] = {
-    PlainButton(830, "Button1"), PlainButton(831, "Button2"), PlainButton(832, "Button3"),
-    HelpButton(833, "Button4"), {0, nullptr, 0, nullptr, 0, 0, nullptr},
-};
-
-const ControlRow kCharTypeControls[] = {
-    ButtonControl(830, "Button1"), ButtonControl(831, "Button2"), ButtonControl(832, "Button3"),
-    ButtonControl(833, "Button4"), {0, nullptr, nullptr, nullptr, 0, nullptr, 0},
-};
-
-const EventRow kCharTypeEvents[] = {
-    {830, "Click", RT1B_NON_TAXON_CHARS, nullptr, ' ', 0, 0, 0},
-    {831, "Click", RT1B_TAXON_CHARS, nullptr, ' ', 0, 0, 0},
-    {832, "Click", RT1_CHAR_TYPE_CLOSE, nullptr, ' ', 0, 0, 0},
-    {0, nullptr, nullptr, nullptr, 0, 0, 0, 0},
-};
-
 
 // ---- View dictionary ----
 
@@ -232,81 +153,5 @@ const ViewRow kViewRows[] = {
 const GroupRow kGroupRows[] = {
     {"*", 3u << 16, 0, 0, 0, 0},
 };
-
-// ---- View transport ----
-
-namespace {
-
-constexpr const ViewNameRow& kViewName = kViews;
-constexpr FieldBinding kMainFields[] = {
-    {841, nullptr, nullptr, nullptr}, {842, nullptr, nullptr, nullptr},
-    {843, nullptr, nullptr, nullptr}, {847, nullptr, nullptr, nullptr},
-    {848, nullptr, nullptr, nullptr}, {849, nullptr, nullptr, nullptr},
-    {853, nullptr, nullptr, nullptr}, {854, nullptr, nullptr, nullptr},
-    {855, nullptr, nullptr, nullptr}, {859, nullptr, nullptr, nullptr},
-    {860, nullptr, nullptr, nullptr}, {861, nullptr, nullptr, nullptr},
-    {865, nullptr, nullptr, nullptr}, {866, nullptr, nullptr, nullptr},
-    {867, nullptr, nullptr, nullptr}, {871, nullptr, nullptr, nullptr},
-    {872, nullptr, nullptr, nullptr}, {873, nullptr, nullptr, nullptr},
-    {877, nullptr, nullptr, nullptr}, {878, nullptr, nullptr, nullptr},
-    {879, nullptr, nullptr, nullptr}, {880, nullptr, nullptr, nullptr},
-    {881, nullptr, nullptr, nullptr}, {882, nullptr, nullptr, nullptr},
-};
-constexpr FieldBinding kPage2Fields[] = {
-    {822, nullptr, nullptr, nullptr}, {824, nullptr, nullptr, nullptr},
-    {825, nullptr, nullptr, nullptr}, {826, nullptr, nullptr, nullptr},
-};
-constexpr FieldBinding kCharTypeFields[] = {
-    {830, nullptr, nullptr, nullptr}, {831, nullptr, nullptr, nullptr},
-    {832, nullptr, nullptr, nullptr}, {833, nullptr, nullptr, nullptr},
-};
-constexpr WindowBinding kMainBinding = {&kWindowRows[0], &kViewName, kMainFields};
-constexpr WindowBinding kPage2Binding = {&kWindowRows[1], &kViewName, kPage2Fields};
-constexpr WindowBinding kCharTypeBinding = {&kWindowRows[2], &kViewName, kCharTypeFields};
-
-// The user and the organisation of the run go to the lab remark list;
-// nothing comes back.
-constexpr FlowPair kLabRemarkSend[] = {
-    {"EXPORT.SYSTEM_VARIABLE.USER_ID_CODE", "EXPORT.SYSTEM_VARIABLE.USER_ID_CODE"},
-    {"EXPORT.SYSTEM_VARIABLE.CURRENT_ORG_ID", "EXPORT.SYSTEM_VARIABLE.CURRENT_ORG_ID"},
-    {nullptr, nullptr},
-};
-constexpr FlowPair kNothingBack[] = {{nullptr, nullptr}};
-constexpr FlowBinding kLabRemarkFlow = {&kViewName, &lab_remark::kListViews, kLabRemarkSend,
-                                        kNothingBack};
-
-void SendToLabRemark(void* target_import, const void* source_export) {
-  SendBy(kLabRemarkFlow, target_import, source_export);
-}
-void ReceiveFromLabRemark(void* source_export, void* source_import, const void* target_export) {
-  ReceiveBy(kLabRemarkFlow, source_export, source_import, target_export);
-}
-
-// The user and the organisation of the run go to the project station role
-// list's SYSTEM_VARIABLE; nothing comes back.
-constexpr FlowPair kProjectStationRoleSend[] = {
-    {"EXPORT.SYSTEM_VARIABLE.USER_ID_CODE", "EXPORT.SYSTEM_VARIABLE.USER_ID_CODE"},
-    {"EXPORT.SYSTEM_VARIABLE.CURRENT_ORG_ID", "EXPORT.SYSTEM_VARIABLE.CURRENT_ORG_ID"},
-    {nullptr, nullptr},
-};
-constexpr FlowBinding kProjectStationRoleFlow = {
-    &kViewName, &project_station_role::kListViews, kProjectStationRoleSend, kNothingBack};
-
-void SendToProjectStationRole(void* target_import, const void* source_export) {
-  SendBy(kProjectStationRoleFlow, target_import, source_export);
-}
-void ReceiveFromProjectStationRole(void* source_export, void* source_import,
-                                   const void* target_export) {
-  ReceiveBy(kProjectStationRoleFlow, source_export, source_import, target_export);
-}
-
-}  // namespace
-
-void ReadMain(WindowHandle w, void* v) { ReadWindowBy(kMainBinding, w, v); }
-void WriteMain(WindowHandle w, void* v) { WriteWindowBy(kMainBinding, w, v); }
-void ReadPage2(WindowHandle w, void* v) { ReadWindowBy(kPage2Binding, w, v); }
-void WritePage2(WindowHandle w, void* v) { WriteWindowBy(kPage2Binding, w, v); }
-void ReadCharType(WindowHandle w, void* v) { ReadWindowBy(kCharTypeBinding, w, v); }
-void WriteCharType(WindowHandle w, void* v) { WriteWindowBy(kCharTypeBinding, w, v); }
 
 }  // namespace lk::menu
