@@ -103,6 +103,13 @@ constexpr EventDecl Click(EventAction handler, u32 map_first = ' ') {
   return {"Click", handler, nullptr, map_first};
 }
 
+// The descriptors of a field of type T: one a person types in, one shown
+// read-only.
+template <const AttributeType& T>
+inline constexpr FieldDescriptor kEntryField = {kTagEntry, &T};
+template <const AttributeType& T>
+inline constexpr FieldDescriptor kShownField = {kTagProtected, &T};
+
 // An empty StaticItemRow table, for windows without statics.
 inline constexpr StaticItemRow kNoStaticItems[] = {{0, nullptr, 0}};
 

@@ -151,7 +151,8 @@ struct StackListViews {
   static constexpr auto kAtTop = stack_views::One(
       "FLAG", 2, 0, row_views::At(offsetof(E, EXPORT_ALREADY_AT_TOP.FLAG.value)), &kStackFlagType);
   static constexpr auto kAtBottom =
-      stack_views::One("FLAG", 2, 0, row_views::At(offsetof(E, EXPORT_ALREADY_AT_BOTTOM.FLAG.value)),
+      stack_views::One("FLAG", 2, 0,
+                       row_views::At(offsetof(E, EXPORT_ALREADY_AT_BOTTOM.FLAG.value)),
                        &kStackFlagType);
   static constexpr auto kSelected =
       RowRows(ListForms::kAttributes, row_views::At(offsetof(I, EXPORT_SELECTED)),

@@ -70,7 +70,8 @@ inline constexpr auto kWithoutRowRules = ListRules<kListControl>::kWithoutRowRul
 
 inline constexpr ControlDecl kListControls[] = {
     ListBox(kListControl, "ListBox1", &kList, kListColumnNames,
-            "GRP_EXPORT_SEL.RUNTIME_SUPPLIED.SELECT_CHAR", StepAs<List::DoubleClick, kDoubleClickId>,
+            "GRP_EXPORT_SEL.RUNTIME_SUPPLIED.SELECT_CHAR",
+            StepAs<List::DoubleClick, kDoubleClickId>,
             StepAs<List::Click, kClickId>),
     Button(371, "Button1", Click(StepAs<List::Add, kAddId>), kWithoutRowRules),
     Button(372, "Button2", Click(StepAs<List::Change, kChangeId>), kWithRowRules),
@@ -84,11 +85,10 @@ inline constexpr WindowDecl kListWindow =
 
 // ---- RT50A: the row in hand, read-only, then "&Delete", "Cance&l", "&Help" ----
 
-inline constexpr FieldDescriptor kShortNameShown = {kTagProtected, &kShortNameType};
-inline constexpr FieldDescriptor kDescriptionShown = {kTagProtected, &kDescriptionType};
 inline constexpr ControlDecl kDeleteControls[] = {
-    Field(385, "SHORT_NAME1", &kShortNameShown, 384, "EXPORT_SELECTED.LAB_REMARK.SHORT_NAME"),
-    Field(387, "DESCRIPTION_TEXT1", &kDescriptionShown, 386,
+    Field(385, "SHORT_NAME1", &kShownField<kShortNameType>, 384,
+          "EXPORT_SELECTED.LAB_REMARK.SHORT_NAME"),
+    Field(387, "DESCRIPTION_TEXT1", &kShownField<kDescriptionType>, 386,
           "EXPORT_SELECTED.LAB_REMARK.DESCRIPTION_TEXT"),
     Button(388, "Button1", Click(StepAs<List::ConfirmDelete, kConfirmId>)),
     Button(389, "Button2", Click(StepAs<List::CancelDelete, kDismissId>)),
@@ -100,18 +100,16 @@ inline constexpr WindowDecl kDeleteWindow =
 // ---- RT51: "IS Number", "Short Name", "Description ", "Date of Last
 // Update", "Updated By", then "Accep&t", "Cance&l", "&Help" ----
 
-inline constexpr FieldDescriptor kIsNumberShown = {kTagProtected, &kIsNumberType};
-inline constexpr FieldDescriptor kShortNameEntry = {kTagEntry, &kShortNameType};
-inline constexpr FieldDescriptor kDescriptionEntry = {kTagEntry, &kDescriptionType};
-inline constexpr FieldDescriptor kStampShown = {kTagProtected, &kTimestampType};
-inline constexpr FieldDescriptor kUserIdShown = {kTagProtected, &kStampUserType};
 inline constexpr ControlDecl kEntryControls[] = {
-    Field(994, "TSRLBRMK_IS_NUMBER1", &kIsNumberShown, 993, "EXPORT.LAB_REMARK.TSRLBRMK_IS_NUMBER"),
-    Field(996, "SHORT_NAME1", &kShortNameEntry, 995, "EXPORT.LAB_REMARK.SHORT_NAME"),
-    Field(998, "DESCRIPTION_TEXT1", &kDescriptionEntry, 997, "EXPORT.LAB_REMARK.DESCRIPTION_TEXT"),
-    Field(1000, "D_LAST_UPDATE_TIMESTAMP1", &kStampShown, 999,
+    Field(994, "TSRLBRMK_IS_NUMBER1", &kShownField<kIsNumberType>, 993,
+          "EXPORT.LAB_REMARK.TSRLBRMK_IS_NUMBER"),
+    Field(996, "SHORT_NAME1", &kEntryField<kShortNameType>, 995, "EXPORT.LAB_REMARK.SHORT_NAME"),
+    Field(998, "DESCRIPTION_TEXT1", &kEntryField<kDescriptionType>, 997,
+          "EXPORT.LAB_REMARK.DESCRIPTION_TEXT"),
+    Field(1000, "D_LAST_UPDATE_TIMESTAMP1", &kShownField<kTimestampType>, 999,
           "EXPORT.LAB_REMARK.D_LAST_UPDATE_TIMESTAMP"),
-    Field(1002, "D_USERID_CODE1", &kUserIdShown, 1001, "EXPORT.LAB_REMARK.D_USERID_CODE"),
+    Field(1002, "D_USERID_CODE1", &kShownField<kStampUserType>, 1001,
+          "EXPORT.LAB_REMARK.D_USERID_CODE"),
     Button(1003, "Button1", Click(StepAs<Entry::Accept, kAcceptId>, 'Y')),
     Button(1004, "Button2", Click(StepAs<Entry::Cancel, kCancelId>)),
     HelpButtonDecl(1005, "Button3"),

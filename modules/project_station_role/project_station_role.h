@@ -81,9 +81,9 @@ inline constexpr WindowDecl kListWindow = DeclareWindow(
 
 // ---- RT40A: the row in hand's type name, read-only ----
 
-inline constexpr FieldDescriptor kTypeNameShown = {kTagProtected, &kTypeNameType};
 inline constexpr ControlDecl kDeleteControls[] = {
-    Field(771, "TYPE_NAME1", &kTypeNameShown, 770, "EXPORT_CURRENT.PROJECT_STATION_ROLE.TYPE_NAME"),
+    Field(771, "TYPE_NAME1", &kShownField<kTypeNameType>, 770,
+          "EXPORT_CURRENT.PROJECT_STATION_ROLE.TYPE_NAME"),
     Button(772, "Button1", Click(StepAs<List::ConfirmDelete, kDialogDeleteId>)),
     Button(773, "Button2", Click(StepAs<List::CancelDelete, kDialogCancelId>)),
     HelpButtonDecl(774, "Button3"),
@@ -93,16 +93,15 @@ inline constexpr WindowDecl kDeleteWindow =
 
 // ---- RT41: the type name, then the stamp of the last update, read-only ----
 
-inline constexpr FieldDescriptor kTypeNameField = {kTagEntry, &kTypeNameType};
-inline constexpr FieldDescriptor kTimestampShown = {kTagProtected, &kTimestampType};
-inline constexpr FieldDescriptor kUserIdShown = {kTagProtected, &kStampUserType};
 // The type name's Changed event puts the literal "CHANGE" in place.
 inline constexpr ControlDecl kEntryControls[] = {
-    Field(496, "TYPE_NAME1", &kTypeNameField, 495, "EXPORT.PROJECT_STATION_ROLE.TYPE_NAME",
+    Field(496, "TYPE_NAME1", &kEntryField<kTypeNameType>, 495,
+          "EXPORT.PROJECT_STATION_ROLE.TYPE_NAME",
           {"Changed", StepAs<Entry::Changed, kChangedId>, "CHANGE", 'Y'}),
-    Field(498, "D_LAST_UPDATE_TIMESTAMP1", &kTimestampShown, 497,
+    Field(498, "D_LAST_UPDATE_TIMESTAMP1", &kShownField<kTimestampType>, 497,
           "EXPORT.PROJECT_STATION_ROLE.D_LAST_UPDATE_TIMESTAMP"),
-    Field(500, "D_USERID_CODE1", &kUserIdShown, 499, "EXPORT.PROJECT_STATION_ROLE.D_USERID_CODE"),
+    Field(500, "D_USERID_CODE1", &kShownField<kStampUserType>, 499,
+          "EXPORT.PROJECT_STATION_ROLE.D_USERID_CODE"),
     Button(501, "Button1", Click(StepAs<Entry::Accept, kAcceptId>, 'Y')),
     Button(502, "Button2", Click(StepAs<Entry::Cancel, kCancelId>)),
     HelpButtonDecl(503, "Button3"),
