@@ -106,9 +106,10 @@ bool WroteRow(RowAttributes attributes, const void* row);
 //   static constexpr u32 kNotFound       the check's NOT FOUND exit state
 //   static constexpr u32 kDuplicateExit  and the module's words for a hit:
 //   static constexpr const char* kDuplicateText
-//   static void Identify(HandleA, HandleB, RunContext*,
-//                        const SystemVariableView*, const Row*, Row*)
-//   static void Modify(... the same)     the write action blocks
+//   using Blocks; static constexpr UnitId kIdentifyId, kModifyId
+//        the write action blocks (patterns/row_blocks.h): Blocks::Identify
+//        and Blocks::Modify(const UnitId&, HandleA, HandleB, RunContext*,
+//        const SystemVariableView*, const Row*, Row* written)
 template <class L>
 class BodyEntry {
  public:
@@ -196,9 +197,9 @@ class BodyEntry {
     ShownToRow(Forms::kAttributes, &out->EXPORT.ROW, &row);
     CallActionBlock(rc, own, [&] {
       if (adding) {
-        L::Identify(a, b, rc, &system, &row, &written);
+        L::Blocks::Identify(L::kIdentifyId, a, b, rc, &system, &row, &written);
       } else {
-        L::Modify(a, b, rc, &system, &row, &written);
+        L::Blocks::Modify(L::kModifyId, a, b, rc, &system, &row, &written);
       }
     });
     if (WroteRow(Forms::kAttributes, &written))

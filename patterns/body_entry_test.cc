@@ -108,14 +108,20 @@ struct TestEntry {
     std::memcpy(written->STAMP, "20240513091954000000", 21);
     if (blocks.write_odd) SetExit(rc, kOddExit, "the block's own words", 'N');
   }
-  static void Identify(HandleA, HandleB, RunContext* rc, const SystemVariableView* system,
-                       const EntryRow* row, EntryRow* written) {
-    Write("identify", rc, system, row, written);
-  }
-  static void Modify(HandleA, HandleB, RunContext* rc, const SystemVariableView* system,
-                     const EntryRow* row, EntryRow* written) {
-    Write("modify", rc, system, row, written);
-  }
+  static constexpr UnitId kIdentifyId = {"0000000203", "TEST_IDENTIFY"};
+  static constexpr UnitId kModifyId = {"0000000204", "TEST_MODIFY"};
+  struct Blocks {
+    static void Identify(const UnitId&, HandleA, HandleB, RunContext* rc,
+                         const SystemVariableView* system, const EntryRow* row,
+                         EntryRow* written) {
+      Write("identify", rc, system, row, written);
+    }
+    static void Modify(const UnitId&, HandleA, HandleB, RunContext* rc,
+                       const SystemVariableView* system, const EntryRow* row,
+                       EntryRow* written) {
+      Write("modify", rc, system, row, written);
+    }
+  };
 };
 using Entry = BodyEntry<TestEntry>;
 

@@ -434,8 +434,8 @@ class PageFill {
 //   static constexpr u32 kLinkExit      the flow to the data entry window
 //   static constexpr const char* kDeleteWindow  the delete dialog's name
 //   static const DeleteDialog kDeleteDialog    the dialog's description
-//   static void Remove(HandleA, HandleB, RunContext*, const Row& key)
-//                          the module's REMOVE block of the row in hand
+//   using Blocks; static constexpr UnitId kRemoveId; kCascadeEntry
+//                          the REMOVE of the row in hand (row blocks)
 //   static constexpr UnitId kBodyId, kReadId
 //   static constexpr store::StatementDef kReadPrev, kReadNext
 //                          the two cursors, both over PageKey<Row> and into Row
@@ -585,8 +585,9 @@ class FirstPageList {
            [&](Export*) { SetExit(rc, EXIT_RETURN, nullptr, 'N'); });
   }
 
-  // The delete dialog's Delete: the row in hand goes to L::Remove (the
-  // module's REMOVE block), then the dialog closes and the row is dropped or
+  // The delete dialog's Delete: the row in hand goes to the REMOVE block
+  // (L::Blocks, patterns/row_blocks.h, under L::kRemoveId through the cascade
+  // entry L::kCascadeEntry), then the dialog closes and the row is dropped or
   // kept as L::kDeleteDialog says (patterns/delete_dialog.h).
   static void ConfirmDelete(const UnitId& id, HandleA a, HandleB b, RunContext* rc,
                             void* import_view, void* export_view) {
@@ -594,7 +595,7 @@ class FirstPageList {
       DeleteConfirmed(L::kDeleteDialog, a, b, rc, id, DeleteListOf(out), [&] {
         Row key{};
         ShownToRow(Forms::kAttributes, &out->EXPORT_CURRENT, &key);
-        L::Remove(a, b, rc, key);
+        L::Blocks::Remove(L::kRemoveId, a, b, rc, &key, L::kCascadeEntry);
       });
     });
   }

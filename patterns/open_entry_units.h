@@ -5,25 +5,23 @@
 //
 //   Body    EXIT_NONE; the import view into the export view.
 //   Open    SYSTEM_VARIABLE and the row from the import view; then the
-//           pattern's Open, whose read on "CHANGE" is L::Read by the row's
+//           pattern's Open, whose read on "CHANGE" is the row blocks' Read by the row's
 //           key: the row read goes into the window and its editable
 //           attributes into EXPORT_HIDDEN.
 //   Accept  EXIT_NONE; the row and EXPORT_HIDDEN from the import view;
 //           L::CheckFields (the required fields); then the pattern's write,
 //           whose edited fields are the attributes of HiddenForms against
 //           the row's attributes of the same names, with L::CheckDuplicate,
-//           L::Identify (the IS number and ORG ID it wrote go into the
-//           window) and L::Modify.
+//           Identify (the IS number and ORG ID it wrote go into the window)
+//           and Modify.
 //   Cancel  the pattern's Cancel.
 //
 // L gives: using Forms (the window's row), HiddenForms (the editable
 // attributes), Dictionary (OpenEntryViews over them); Views(), the
-// procedure's ViewNameRow; kEntry (the OpenEntry description); kBodyId; and
-// the hooks CheckFields(rc, Export*) -> bool, CheckDuplicate(a, b, rc,
-// const Export&), Read(a, b, rc, const Row& key, Row* row),
-// Identify(a, b, rc, const SystemVariableView*, const Row*, Row* written),
-// Modify(a, b, rc, const SystemVariableView*, const Row*), each a call of
-// the module's action block.
+// procedure's ViewNameRow; kEntry (the OpenEntry description); kBodyId; the
+// hooks CheckFields(rc, Export*) -> bool and CheckDuplicate(a, b, rc,
+// const Export&); and the row blocks (patterns/row_blocks.h) with their
+// identities: using Blocks, kReadId, kIdentifyId, kModifyId.
 //
 // Contract: the units' entry protocol of frame/unit.h; OpenEntryUnits<L>
 // holds the static storage of its units; one thread.
@@ -74,7 +72,7 @@ class OpenEntryUnits {
                     [&] {
                       Row key{}, row{};
                       CopyKey(in->ROW, &key);
-                      L::Read(a, b, rc, key, &row);
+                      L::Blocks::Read(L::kReadId, a, b, rc, &key, &row);
                       CheckCallee(rc);
                       RowToShown(Forms::kAttributes, &row, &e->ROW);
                       for (std::size_t h = 0; h < kHiddenCount; ++h)
@@ -106,7 +104,7 @@ class OpenEntryUnits {
             SystemVariableView system = SystemOf(*e);
             Row row{}, written{};
             ShownToRow(Forms::kAttributes, &e->ROW, &row);
-            L::Identify(a, b, rc, &system, &row, &written);
+            L::Blocks::Identify(L::kIdentifyId, a, b, rc, &system, &row, &written);
             CheckCallee(rc);
             std::memcpy((e->ROW.*Forms::kIsNumber).value, written.*Forms::kIsNumberRow,
                         sizeof(written.*Forms::kIsNumberRow));
@@ -115,9 +113,9 @@ class OpenEntryUnits {
           },
           [&] {
             SystemVariableView system = SystemOf(*e);
-            Row row{};
+            Row row{}, written{};
             ShownToRow(Forms::kAttributes, &e->ROW, &row);
-            L::Modify(a, b, rc, &system, &row);
+            L::Blocks::Modify(L::kModifyId, a, b, rc, &system, &row, &written);
           });
     });
   }

@@ -17,8 +17,9 @@
 // description), kDeleteDialog; kBodyId and kListId; kListStatement over
 // StackRange<N> (N the storage of kRowKey) into ListForms::Row, kRangeStart,
 // kRangeEnd; the members
-// kRowKey of the row and kFirstKey, kLastKey of the stack group; and
-// Remove(a, b, rc, const Row& key), the module's REMOVE of the row in hand.
+// kRowKey of the row and kFirstKey, kLastKey of the stack group; and the
+// REMOVE of the row in hand: using Blocks (patterns/row_blocks.h), kRemoveId
+// and kCascadeEntry.
 //
 // Contract: the units' entry protocol of frame/unit.h; StackListUnits<L>
 // holds the static storage of its units; one thread.
@@ -115,14 +116,20 @@ class StackListUnits {
     EnterEventAction(&unit, &L::Dictionary::kShape, Id, a, b, rc, import_view, export_view, [] {});
   }
 
-  // The delete dialog's Delete: the row in hand to L::Remove.
+  // The delete dialog's Delete: the row in hand, by its IS number and ORG ID,
+  // to the REMOVE block.
   static void ConfirmDelete(const UnitId& id, HandleA a, HandleB b, RunContext* rc,
                             void* import_view, void* export_view) {
     Action(&confirm_unit_, id, a, b, rc, import_view, export_view, [&](Export* e) {
       DeleteConfirmed(L::kDeleteDialog, a, b, rc, id, DeleteListOf(e), [&] {
-        Row key{};
-        ShownToRow(L::ListForms::kAttributes, &e->EXPORT_SELECTED, &key);
-        L::Remove(a, b, rc, key);
+        using Forms = typename L::ListForms;
+        using KeyForms = typename L::Blocks::Forms;
+        typename KeyForms::Row key{};
+        std::memcpy(key.*KeyForms::kIsNumberRow, (e->EXPORT_SELECTED.*Forms::kIsNumber).value,
+                    sizeof(key.*KeyForms::kIsNumberRow));
+        TextMove(key.*KeyForms::kOrgIdRow, (e->EXPORT_SELECTED.*Forms::kOrgId).value,
+                 sizeof(key.*KeyForms::kOrgIdRow));
+        L::Blocks::Remove(L::kRemoveId, a, b, rc, &key, L::kCascadeEntry);
       });
     });
   }

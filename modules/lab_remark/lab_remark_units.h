@@ -28,6 +28,7 @@
 #include "patterns/open_entry_units.h"
 #include "patterns/stack_list.h"
 #include "patterns/stack_list_units.h"
+#include "store/cascade.h"
 #include "store/statement.h"
 
 namespace lk::lab_remark {
@@ -50,7 +51,9 @@ struct RemarkList {
   static constexpr auto kRowKey = &RemarkListRow::SHORT_NAME;
   static constexpr auto kFirstKey = &RemarkPagesGroup::FIRST_ROW_SHORT_NAME;
   static constexpr auto kLastKey = &RemarkPagesGroup::LAST_ROW_SHORT_NAME;
-  static void Remove(HandleA a, HandleB b, RunContext* rc, const RemarkListRow& key);
+  using Blocks = lab_remark::Blocks;
+  static constexpr const UnitId& kRemoveId = lab_remark::kRemoveId;
+  static constexpr auto kCascadeEntry = store::E2738301;
 };
 using List = patterns::StackListUnits<RemarkList>;
 
@@ -66,12 +69,10 @@ struct RemarkEntry {
   static constexpr UnitId kBodyId = {"0009961500", "RT51_LAB_REMARK_DATA_ENTRY"};
   static bool CheckFields(RunContext* rc, EntryExport* e);
   static void CheckDuplicate(HandleA a, HandleB b, RunContext* rc, const EntryExport& e);
-  static void Read(HandleA a, HandleB b, RunContext* rc, const RemarkRow& key, RemarkRow* row);
-  static void Identify(HandleA a, HandleB b, RunContext* rc,
-                       const patterns::SystemVariableView* system, const RemarkRow* row,
-                       RemarkRow* written);
-  static void Modify(HandleA a, HandleB b, RunContext* rc,
-                     const patterns::SystemVariableView* system, const RemarkRow* row);
+  using Blocks = lab_remark::Blocks;
+  static constexpr const UnitId& kReadId = lab_remark::kReadId;
+  static constexpr const UnitId& kIdentifyId = lab_remark::kIdentifyId;
+  static constexpr const UnitId& kModifyId = lab_remark::kModifyId;
 };
 using Entry = patterns::OpenEntryUnits<RemarkEntry>;
 

@@ -27,27 +27,11 @@ void RoleEntry::CheckDuplicate(HandleA a, HandleB b, RunContext* rc, const Entry
   Blocks::Duplicate(kDuplicateId, a, b, rc, &key, &found);
 }
 
-void RoleEntry::Identify(HandleA a, HandleB b, RunContext* rc,
-                         const patterns::SystemVariableView* system, const RoleRow* row,
-                         RoleRow* written) {
-  Blocks::Identify(kIdentifyId, a, b, rc, system, row, written);
-}
-
-void RoleEntry::Modify(HandleA a, HandleB b, RunContext* rc,
-                       const patterns::SystemVariableView* system, const RoleRow* row,
-                       RoleRow* written) {
-  Blocks::Modify(kModifyId, a, b, rc, system, row, written);
-}
-
 // ---- RT40A: the row marked in the list; dropped from the group whatever
 // REMOVE_PROJECT_STATION_ROLE says, even when it found no row ----
 
 const patterns::DeleteDialog RoleList::kDeleteDialog = {
     kDeleteWindowName, &kListViews, "EXPORT_LIST", kListRows,
     patterns::DeleteRowFrom::kFirstMarked, patterns::DropRule::kAlways};
-
-void RoleList::Remove(HandleA a, HandleB b, RunContext* rc, const RoleRow& key) {
-  Blocks::Remove(kRemoveId, a, b, rc, &key, store::E4348087);
-}
 
 }  // namespace lk::project_station_role

@@ -12,9 +12,11 @@
 #include "frame/entry.h"
 #include "frame/tables.h"
 #include "frame/unit.h"
+#include "modules/project_station_role/project_station_role_blocks.h"
 #include "modules/project_station_role/project_station_role_views.h"
 #include "patterns/body_entry.h"
 #include "patterns/first_page_list.h"
+#include "store/cascade.h"
 #include "store/statement.h"
 
 namespace lk::project_station_role {
@@ -30,7 +32,9 @@ struct RoleList {
   static constexpr u32 kLinkExit = EXIT_LINK_RT41;
   static constexpr const char* kDeleteWindow = kDeleteWindowName;
   static const patterns::DeleteDialog kDeleteDialog;
-  static void Remove(HandleA a, HandleB b, RunContext* rc, const RoleRow& key);
+  using Blocks = project_station_role::Blocks;
+  static constexpr const UnitId& kRemoveId = project_station_role::kRemoveId;
+  static constexpr auto kCascadeEntry = store::E4348087;
   static constexpr UnitId kBodyId = {"0017499001", "RT40_PROJECT_ROLE_MAIN_LIST"};
   static constexpr UnitId kReadId = {"0000016401", "READ_PROJECT_STN_ROLE_REF_TABLE"};
   static const store::StatementDef kReadPrev;
@@ -50,12 +54,9 @@ struct RoleEntry {
   static bool CheckFields(RunContext* rc, EntryExport* out);
   static void CheckDuplicate(HandleA a, HandleB b, RunContext* rc, const EntryExport& in,
                              bool adding);
-  static void Identify(HandleA a, HandleB b, RunContext* rc,
-                       const patterns::SystemVariableView* system, const RoleRow* row,
-                       RoleRow* written);
-  static void Modify(HandleA a, HandleB b, RunContext* rc,
-                     const patterns::SystemVariableView* system, const RoleRow* row,
-                     RoleRow* written);
+  using Blocks = project_station_role::Blocks;
+  static constexpr const UnitId& kIdentifyId = project_station_role::kIdentifyId;
+  static constexpr const UnitId& kModifyId = project_station_role::kModifyId;
 };
 using Entry = patterns::BodyEntry<RoleEntry>;
 
