@@ -24,23 +24,18 @@ inline constexpr const void* kButton = kButtonDescriptorWord;
 inline constexpr ReturnRow kReturnsOnReturn[] = {{0, 0, EXIT_RETURN, 0, 0, 0}};
 inline constexpr ReturnRow kReturnsOnCancel[] = {{0, 0, EXIT_CANCEL, 0, 0, 0}};
 
-// The rows of a button: its ActionControlRow (plain, with a keyword and its
-// code, or the window's Help) and its ControlRow. `rules` is the button's
-// enable rule list, or null.
-constexpr ActionControlRow PlainButton(u32 id, const char* name,
+// The ActionControlRow of a button: plain, with a keyword and its code, or
+// the window's Help. `rules` is the button's enable rule list, or null.
+constexpr ActionControlRow PlainAction(u32 id, const char* name,
                                        const void* const* rules = nullptr) {
   return {id, "", 0, rules, 0, kButtonType, name};
 }
-constexpr ActionControlRow KeywordButton(u32 id, const char* keyword, u32 code,
+constexpr ActionControlRow KeywordAction(u32 id, const char* keyword, u32 code,
                                          const char* name) {
   return {id, keyword, 0, nullptr, KeywordCode(code), kButtonType, name};
 }
-constexpr ActionControlRow HelpButton(u32 id, const char* name) {
+constexpr ActionControlRow HelpAction(u32 id, const char* name) {
   return {id, "", 3, nullptr, 0, kButtonType, name};
-}
-constexpr ControlRow ButtonControl(u32 id, const char* name,
-                                   const void* const* rules = nullptr) {
-  return {id, kButton, nullptr, rules, 0, name, 0};
 }
 
 // The enable rules that tie a list window's buttons to the list control

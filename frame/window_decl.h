@@ -65,7 +65,7 @@ constexpr ControlDecl Button(u32 id, const char* name, EventDecl click = {},
   return {.id = id, .name = name, .descriptor = kButton, .rules = rules,
           .action = ActionKind::kPlain, .events = {click, {}}};
 }
-constexpr ControlDecl HelpButtonDecl(u32 id, const char* name) {
+constexpr ControlDecl HelpButton(u32 id, const char* name) {
   return {.id = id, .name = name, .descriptor = kButton, .action = ActionKind::kHelp};
 }
 // A scroll button of a list that carries a keyword and raises Click with it.
@@ -77,8 +77,7 @@ constexpr ControlDecl ScrollButton(u32 id, const char* name, const void* descrip
 }
 // A button that carries a keyword: a press sends the keyword as COMMAND and
 // runs the procedure's body; it raises no event.
-constexpr ControlDecl KeywordButtonDecl(u32 id, const char* name, const char* keyword,
-                                        u32 code) {
+constexpr ControlDecl KeywordButton(u32 id, const char* name, const char* keyword, u32 code) {
   return {.id = id, .name = name, .descriptor = kButton, .action = ActionKind::kKeyword,
           .keyword = keyword, .keyword_code = code};
 }
@@ -146,9 +145,9 @@ class WindowRows {
   }
   static constexpr ActionControlRow Action(const ControlDecl& c) {
     switch (c.action) {
-      case ActionKind::kHelp: return HelpButton(c.id, c.name);
-      case ActionKind::kKeyword: return KeywordButton(c.id, c.keyword, c.keyword_code, c.name);
-      default: return PlainButton(c.id, c.name, c.rules);
+      case ActionKind::kHelp: return HelpAction(c.id, c.name);
+      case ActionKind::kKeyword: return KeywordAction(c.id, c.keyword, c.keyword_code, c.name);
+      default: return PlainAction(c.id, c.name, c.rules);
     }
   }
   static constexpr EventRow Event(u32 id, const EventDecl& e) {

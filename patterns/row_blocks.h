@@ -15,17 +15,18 @@
 //              counter leaves goes on with the insert.
 //   Modify     the row by its key read for update; not found: T::kNotFound,
 //              kind 'N'. The row's values, the user and the stamp written
-//              under the cursor; any status but "OK" ("DF", "BP") is a fatal
-//              stop with itself as detail; the row exported.
+//              under the cursor and exported; any other status ("DF", "BP")
+//              is a fatal stop with itself as detail.
 //   Remove     the row selected by its key; not found: T::kNotFound with its
 //              text, kind 'E'; found: its cascade entry `entry`
 //              (store::RemoveCurrentRow).
 //   Read       the row by its key (kSelectRow); not found: T::kNotFound,
 //              kind 'N'; found: the row exported.
 //
-// What a table may say otherwise, each by a member of T when it does:
-//   kOrgFromRow = true        Identify takes the ORG ID from the row given
-//   kStopWithoutNumber = true Identify stops, the counter's exit state and
+// What a table may say otherwise, each by declaring a member of T (its
+// presence counts, not its value):
+//   kOrgFromRow               Identify takes the ORG ID from the row given
+//   kStopWithoutNumber        Identify stops, the counter's exit state and
 //                             message standing, when the counter set one
 //   kPermittedValue, kPermittedValueText   "BP" of Identify and Modify is
 //                             that exit state and text, kind 'N'

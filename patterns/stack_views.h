@@ -34,6 +34,7 @@
 #include "patterns/fixed_text.h"
 #include "patterns/row_forms.h"
 #include "patterns/row_views.h"
+#include "patterns/stack_list.h"
 
 namespace lk::patterns {
 
@@ -197,6 +198,26 @@ struct StackListViews {
   };
   static constexpr ViewShape kShape = {sizeof(Export), stack_views::kNoTimestamps,
                                        stack_views::kNoTimestamps};
+
+  // The views the list's body copies, and the list's description for the
+  // pattern's steps (patterns/stack_list.h) over this dictionary filed as
+  // `views`.
+  static constexpr const char* kBodyViews[] = {
+      "EXPORT.SYSTEM_VARIABLE.", Joined<"EXPORT_SELECTED.", Entity, ".">::value,
+      "EXPORT_ROW_SELECTED.RUNTIME_SUPPLIED.", "EXPORT_STACK.RUNTIME_SUPPLIED.", nullptr};
+  static constexpr StackList Describe(const ViewNameRow* views, u32 link_exit,
+                                      const char* delete_dialog, bool open_enables_prev) {
+    return {views,
+            kBodyViews,
+            "EXPORT.SYSTEM_VARIABLE.",
+            "GRP_EXPORT_STACK",
+            Joined<"GRP_EXPORT.", Entity, ".">::value,
+            Joined<"EXPORT_SELECTED.", Entity, ".">::value,
+            ListForms::kRows,
+            link_exit,
+            delete_dialog,
+            open_enables_prev};
+  }
 };
 
 template <class Forms, class HiddenForms, FixedText Entity>

@@ -77,7 +77,7 @@ inline constexpr ControlDecl kListControls[] = {
     Button(372, "Button2", Click(StepAs<List::Change, kChangeId>), kWithRowRules),
     Button(373, "Button3", Click(StepAs<List::Delete, kDeleteId>), kWithRowRules),
     Button(374, "Button4", Click(StepAs<List::Close, kCloseId>)),
-    HelpButtonDecl(375, "Button5"),
+    HelpButton(375, "Button5"),
 };
 inline constexpr WindowDecl kListWindow =
     DeclareWindow(kListProcedureId, 366, "SD", "RT50_LAB_REMARK_MAINT_LIST", kListViews,
@@ -92,7 +92,7 @@ inline constexpr ControlDecl kDeleteControls[] = {
           "EXPORT_SELECTED.LAB_REMARK.DESCRIPTION_TEXT"),
     Button(388, "Button1", Click(StepAs<List::ConfirmDelete, kConfirmId>)),
     Button(389, "Button2", Click(StepAs<List::CancelDelete, kDismissId>)),
-    HelpButtonDecl(390, "Button3"),
+    HelpButton(390, "Button3"),
 };
 inline constexpr WindowDecl kDeleteWindow =
     DeclareWindow(kListProcedureId, 383, "DD", kDeleteWindowName, kListViews, kDeleteControls);
@@ -112,7 +112,7 @@ inline constexpr ControlDecl kEntryControls[] = {
           "EXPORT.LAB_REMARK.D_USERID_CODE"),
     Button(1003, "Button1", Click(StepAs<Entry::Accept, kAcceptId>, 'Y')),
     Button(1004, "Button2", Click(StepAs<Entry::Cancel, kCancelId>)),
-    HelpButtonDecl(1005, "Button3"),
+    HelpButton(1005, "Button3"),
 };
 inline constexpr WindowDecl kEntryWindow =
     DeclareWindow(kEntryProcedureId, 992, "SD", "RT51_LAB_REMARK_DATA_ENTRY", kEntryViews,

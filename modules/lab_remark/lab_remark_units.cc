@@ -10,21 +10,8 @@
 
 namespace lk::lab_remark {
 
-namespace {
-
-const char* const kListBodyViews[] = {
-    "EXPORT.SYSTEM_VARIABLE.", "EXPORT_SELECTED.LAB_REMARK.",
-    "EXPORT_ROW_SELECTED.RUNTIME_SUPPLIED.", "EXPORT_STACK.RUNTIME_SUPPLIED.", nullptr};
-
-}  // namespace
-
-const patterns::StackList RemarkList::kList = {
-    &kListViews,          kListBodyViews,
-    "EXPORT.SYSTEM_VARIABLE.", "GRP_EXPORT_STACK",
-    "GRP_EXPORT.LAB_REMARK.",  "EXPORT_SELECTED.LAB_REMARK.",
-    kListRows,            EXIT_LINK_RT51,
-    kDeleteWindowName,    /*open_enables_prev=*/false,
-};
+const patterns::StackList RemarkList::kList = ListDictionary::Describe(
+    &kListViews, EXIT_LINK_RT51, kDeleteWindowName, /*open_enables_prev=*/false);
 
 const patterns::DeleteDialog RemarkList::kDeleteDialog = {
     kDeleteWindowName,

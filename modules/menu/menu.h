@@ -30,30 +30,30 @@ inline constexpr ViewNameRow kViews = {"RT1_REFERENCE_TABLE_MAINT_MENU", kViewRo
 // event: a press sends the keyword as COMMAND and runs the body. ----
 
 inline constexpr ControlDecl kMainControls[] = {
-    KeywordButtonDecl(841, "Button1", "LINK3", 1461),
-    KeywordButtonDecl(842, "Button2", "LINK52", 1413),
-    KeywordButtonDecl(843, "Button3", "LINK15", 1515),
-    KeywordButtonDecl(847, "Button4", "LINK5", 1475),
-    KeywordButtonDecl(848, "Button5", "LINK22", 1485),
-    KeywordButtonDecl(849, "Button6", "LINK8", 1517),
-    KeywordButtonDecl(853, "Button7", "LINK14", 1507),
-    KeywordButtonDecl(854, "Button8", "LINK36", 1462),
-    KeywordButtonDecl(855, "Button9", "LINK11", 1480),
-    KeywordButtonDecl(859, "Button10", "LINK2", 1452),
-    KeywordButtonDecl(860, "Button11", "LINK7", 1489),
-    KeywordButtonDecl(861, "Button12", "LINK1", 1447),
-    KeywordButtonDecl(865, "Button13", "LINK6", 1484),
-    KeywordButtonDecl(866, "Button14", "LINK13", 1430),
-    KeywordButtonDecl(867, "Button15", "LINK55", 1453),
-    KeywordButtonDecl(871, "Button16", "LINK10", 1468),
-    KeywordButtonDecl(872, "Button17", "LINK12", 1487),
-    KeywordButtonDecl(873, "Button18", "LINK40", 1520),
-    KeywordButtonDecl(877, "Button19", "LINK4", 1464),
-    KeywordButtonDecl(878, "Button20", "LINK9", 1523),
-    KeywordButtonDecl(879, "Button21", "LINK32", 1442),
+    KeywordButton(841, "Button1", "LINK3", 1461),
+    KeywordButton(842, "Button2", "LINK52", 1413),
+    KeywordButton(843, "Button3", "LINK15", 1515),
+    KeywordButton(847, "Button4", "LINK5", 1475),
+    KeywordButton(848, "Button5", "LINK22", 1485),
+    KeywordButton(849, "Button6", "LINK8", 1517),
+    KeywordButton(853, "Button7", "LINK14", 1507),
+    KeywordButton(854, "Button8", "LINK36", 1462),
+    KeywordButton(855, "Button9", "LINK11", 1480),
+    KeywordButton(859, "Button10", "LINK2", 1452),
+    KeywordButton(860, "Button11", "LINK7", 1489),
+    KeywordButton(861, "Button12", "LINK1", 1447),
+    KeywordButton(865, "Button13", "LINK6", 1484),
+    KeywordButton(866, "Button14", "LINK13", 1430),
+    KeywordButton(867, "Button15", "LINK55", 1453),
+    KeywordButton(871, "Button16", "LINK10", 1468),
+    KeywordButton(872, "Button17", "LINK12", 1487),
+    KeywordButton(873, "Button18", "LINK40", 1520),
+    KeywordButton(877, "Button19", "LINK4", 1464),
+    KeywordButton(878, "Button20", "LINK9", 1523),
+    KeywordButton(879, "Button21", "LINK32", 1442),
     Button(880, "Button22", Click(RT1_PB_ADDITIONAL_TABLES_CLICK)),
-    KeywordButtonDecl(881, "Button23", "EXIT", 1410),
-    HelpButtonDecl(882, "Button24"),
+    KeywordButton(881, "Button23", "EXIT", 1410),
+    HelpButton(882, "Button24"),
 };
 inline constexpr WindowDecl kMainWindow = DeclareWindow(
     kProcedureId, 835, "SD", "RT1_REFERENCE_TABLE_MAINT_MENU", kViews, kMainControls);
@@ -61,10 +61,10 @@ inline constexpr WindowDecl kMainWindow = DeclareWindow(
 // ---- RT1A, the second page ----
 
 inline constexpr ControlDecl kPage2Controls[] = {
-    KeywordButtonDecl(822, "Button1", "LINK34", 1504),
-    KeywordButtonDecl(824, "Button2", "LINK30", 1492),
+    KeywordButton(822, "Button1", "LINK34", 1504),
+    KeywordButton(824, "Button2", "LINK30", 1492),
     Button(825, "Button3", Click(RT1A_PBM_CLOSE_CLK)),
-    HelpButtonDecl(826, "Button4"),
+    HelpButton(826, "Button4"),
 };
 inline constexpr WindowDecl kPage2Window = DeclareWindow(
     kProcedureId, 819, "DD", "RT1A_REFERENCE_TABLE_MAINT_MENU", kViews, kPage2Controls);
@@ -75,7 +75,7 @@ inline constexpr ControlDecl kCharTypeControls[] = {
     Button(830, "Button1", Click(RT1B_NON_TAXON_CHARS)),
     Button(831, "Button2", Click(RT1B_TAXON_CHARS)),
     Button(832, "Button3", Click(RT1_CHAR_TYPE_CLOSE)),
-    HelpButtonDecl(833, "Button4"),
+    HelpButton(833, "Button4"),
 };
 inline constexpr WindowDecl kCharTypeWindow = DeclareWindow(
     kProcedureId, 828, "DD", "RT1B_CHAR_TYPE_SELECT", kViews, kCharTypeControls);

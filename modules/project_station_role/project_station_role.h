@@ -74,7 +74,7 @@ inline constexpr ControlDecl kListControls[] = {
     Button(783, "Button2", Click(StepAs<List::Change, kChangeId>), kRowRules),
     Button(784, "Button3", Click(StepAs<List::Delete, kDeleteId>), kRowRules),
     Button(785, "Button4", Click(StepAs<List::Close, kCloseId>)),
-    HelpButtonDecl(786, "Button5"),
+    HelpButton(786, "Button5"),
 };
 inline constexpr WindowDecl kListWindow = DeclareWindow(
     kListProcedureId, 777, "SD", "RT40_PROJECT_ROLE_MAIN_LIST", kListViews, kListControls);
@@ -86,7 +86,7 @@ inline constexpr ControlDecl kDeleteControls[] = {
           "EXPORT_CURRENT.PROJECT_STATION_ROLE.TYPE_NAME"),
     Button(772, "Button1", Click(StepAs<List::ConfirmDelete, kDialogDeleteId>)),
     Button(773, "Button2", Click(StepAs<List::CancelDelete, kDialogCancelId>)),
-    HelpButtonDecl(774, "Button3"),
+    HelpButton(774, "Button3"),
 };
 inline constexpr WindowDecl kDeleteWindow =
     DeclareWindow(kListProcedureId, 769, "DD", kDeleteWindowName, kListViews, kDeleteControls);
@@ -104,7 +104,7 @@ inline constexpr ControlDecl kEntryControls[] = {
           "EXPORT.PROJECT_STATION_ROLE.D_USERID_CODE"),
     Button(501, "Button1", Click(StepAs<Entry::Accept, kAcceptId>, 'Y')),
     Button(502, "Button2", Click(StepAs<Entry::Cancel, kCancelId>)),
-    HelpButtonDecl(503, "Button3"),
+    HelpButton(503, "Button3"),
 };
 inline constexpr WindowDecl kEntryWindow = DeclareWindow(
     kEntryProcedureId, 494, "SD", "RT41_PROJECT_ROLE_DATA_ENTRY", kEntryViews, kEntryControls);
