@@ -119,13 +119,7 @@ class BodyEntry {
   using Export = BodyEntryExport<Forms>;
 
   static void Body(HandleA a, HandleB b, RunContext* rc, void* import_view, void* export_view) {
-    EnterProcedure(&body_unit_, &L::kShape, /*load_only_test=*/true, a, b, rc, import_view,
-                   export_view, [&] {
-                     StoreUnitId(rc, L::kBodyId);
-                     rc->statement = kStatement1;
-                     SetExit(rc, EXIT_NONE, nullptr, 'N');
-                     ImportToExportBy(L::Views(), import_view, export_view);
-                   });
+    EntryBody(&body_unit_, L::kShape, L::kBodyId, L::Views(), a, b, rc, import_view, export_view);
   }
 
   // The Changed event of an editable field. It sets no exit state of its

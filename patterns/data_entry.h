@@ -1,13 +1,23 @@
-// The shared steps of a data entry window's Accept: the required fields in
-// window order, and the internal error that ends a failed write.
+// The shared steps of a data entry window: its procedure body, and of its
+// Accept the required fields in window order and the internal error that
+// ends a failed write.
 #ifndef WATRIX_PATTERNS_DATA_ENTRY_H_
 #define WATRIX_PATTERNS_DATA_ENTRY_H_
 
 #include <initializer_list>
 
+#include "frame/entry.h"
 #include "frame/run_context.h"
+#include "frame/tables.h"
+#include "frame/unit.h"
 
 namespace lk::patterns {
+
+// The body of a data entry procedure, unit `id` with `unit` for storage:
+// EXIT_NONE, then the import view into the export view by `views`.
+void EntryBody(UnitStorage* unit, const ViewShape& shape, const UnitId& id,
+               const ViewNameRow& views, HandleA a, HandleB b, RunContext* rc,
+               void* import_view, void* export_view);
 
 // A field that must not be blank: its display bytes and its value.
 struct RequiredField {

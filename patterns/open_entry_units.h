@@ -36,6 +36,7 @@
 #include "frame/run_context.h"
 #include "frame/transport/plan.h"
 #include "frame/unit.h"
+#include "patterns/data_entry.h"
 #include "patterns/first_page_list.h"
 #include "patterns/open_entry.h"
 #include "services/text.h"
@@ -52,13 +53,7 @@ class OpenEntryUnits {
   using Row = typename Forms::Row;
 
   static void Body(HandleA a, HandleB b, RunContext* rc, void* import_view, void* export_view) {
-    EnterProcedure(&body_unit_, &L::Dictionary::kShape, /*load_only_test=*/true, a, b, rc,
-                   import_view, export_view, [&] {
-                     StoreUnitId(rc, L::kBodyId);
-                     rc->statement = kStatement1;
-                     SetExit(rc, EXIT_NONE, nullptr, 'N');
-                     ImportToExportBy(L::Views(), import_view, export_view);
-                   });
+    EntryBody(&body_unit_, L::Dictionary::kShape, L::kBodyId, L::Views(), a, b, rc, import_view, export_view);
   }
 
   static void Open(const UnitId& id, HandleA a, HandleB b, RunContext* rc, void* import_view,

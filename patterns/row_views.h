@@ -12,7 +12,8 @@
 //       EXPORT.SYSTEM_VARIABLE, EXPORT.ENTITY, EXPORT.RUNTIME_SUPPLIED.
 //   ListToEntryFlow<Forms, "ENTITY">  send: the row in hand (EXPORT_CURRENT)
 //       onto the window's row, SYSTEM_VARIABLE, COMMAND and SUBSCRIPT;
-//       receive: the window's row back onto the row in hand.
+//       receive: the window's row back onto the row in hand (RowToEntryFlow,
+//       which the stack list's flow shares).
 //
 // Contract: all members are constant expressions with static storage, so
 // that the head tables and the transport may keep their addresses.
@@ -177,31 +178,44 @@ struct BodyEntryViews {
                                        kImportStamps.data()};
 };
 
-template <class Forms, FixedText Entity>
-struct ListToEntryFlow {
+// The flow from a list to its data entry window: send carries each
+// attribute of the list's row `From`.ENTITY onto the window's EXPORT.ENTITY,
+// then `Shared` names, each onto itself; receive carries the window's row
+// back onto `From`.ENTITY.
+template <class Forms, FixedText From, FixedText Entity, std::size_t N>
+struct RowToEntryFlow {
  private:
-  using Current = AttributeNames<Forms, "EXPORT_CURRENT.", Entity, ".">;
+  using Source = AttributeNames<Forms, From, ".", Entity, ".">;
   using Window = AttributeNames<Forms, "EXPORT.", Entity, ".">;
-  static constexpr std::size_t kCount = Current::kCount;
+  static constexpr std::size_t kCount = Source::kCount;
 
  public:
-  static constexpr std::array<FlowPair, kCount + 5> kSend = [] {
-    std::array<FlowPair, kCount + 5> pairs{};
+  template <class Shared>
+  static constexpr std::array<FlowPair, kCount + N + 1> Send(const Shared& shared) {
+    std::array<FlowPair, kCount + N + 1> pairs{};
     std::size_t n = 0;
-    for (std::size_t k = 0; k < kCount; ++k) pairs[n++] = {Current::kNames[k], Window::kNames[k]};
-    for (const char* name :
-         {"EXPORT.SYSTEM_VARIABLE.USER_ID_CODE", "EXPORT.SYSTEM_VARIABLE.CURRENT_ORG_ID",
-          "EXPORT.RUNTIME_SUPPLIED.COMMAND", "EXPORT.RUNTIME_SUPPLIED.SUBSCRIPT"})
-      pairs[n++] = {name, name};
+    for (std::size_t k = 0; k < kCount; ++k) pairs[n++] = {Source::kNames[k], Window::kNames[k]};
+    for (const char* name : shared) pairs[n++] = {name, name};
     pairs[n] = {nullptr, nullptr};
     return pairs;
-  }();
+  }
   static constexpr std::array<FlowPair, kCount + 1> kReceive = [] {
     std::array<FlowPair, kCount + 1> pairs{};
-    for (std::size_t k = 0; k < kCount; ++k) pairs[k] = {Current::kNames[k], Window::kNames[k]};
+    for (std::size_t k = 0; k < kCount; ++k) pairs[k] = {Source::kNames[k], Window::kNames[k]};
     pairs[kCount] = {nullptr, nullptr};
     return pairs;
   }();
+};
+
+// A first-page list's flow: the row in hand (EXPORT_CURRENT), then
+// SYSTEM_VARIABLE, COMMAND and SUBSCRIPT.
+template <class Forms, FixedText Entity>
+struct ListToEntryFlow : RowToEntryFlow<Forms, "EXPORT_CURRENT", Entity, 4> {
+  static constexpr auto kSend = RowToEntryFlow<Forms, "EXPORT_CURRENT", Entity, 4>::Send(
+      std::array<const char*, 4>{"EXPORT.SYSTEM_VARIABLE.USER_ID_CODE",
+                                 "EXPORT.SYSTEM_VARIABLE.CURRENT_ORG_ID",
+                                 "EXPORT.RUNTIME_SUPPLIED.COMMAND",
+                                 "EXPORT.RUNTIME_SUPPLIED.SUBSCRIPT"});
 };
 
 }  // namespace lk::patterns

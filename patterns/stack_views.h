@@ -257,29 +257,10 @@ struct OpenEntryViews {
 };
 
 template <class ListForms, FixedText Entity>
-struct StackToEntryFlow {
- private:
-  using Selected = AttributeNames<ListForms, "EXPORT_SELECTED.", Entity, ".">;
-  using Window = AttributeNames<ListForms, "EXPORT.", Entity, ".">;
-  static constexpr std::size_t kCount = Selected::kCount;
-
- public:
-  static constexpr std::array<FlowPair, kCount + 3> kSend = [] {
-    std::array<FlowPair, kCount + 3> pairs{};
-    std::size_t n = 0;
-    for (std::size_t k = 0; k < kCount; ++k) pairs[n++] = {Selected::kNames[k], Window::kNames[k]};
-    for (const char* name :
-         {"EXPORT.SYSTEM_VARIABLE.USER_ID_CODE", "EXPORT.SYSTEM_VARIABLE.CURRENT_ORG_ID"})
-      pairs[n++] = {name, name};
-    pairs[n] = {nullptr, nullptr};
-    return pairs;
-  }();
-  static constexpr std::array<FlowPair, kCount + 1> kReceive = [] {
-    std::array<FlowPair, kCount + 1> pairs{};
-    for (std::size_t k = 0; k < kCount; ++k) pairs[k] = {Selected::kNames[k], Window::kNames[k]};
-    pairs[kCount] = {nullptr, nullptr};
-    return pairs;
-  }();
+struct StackToEntryFlow : RowToEntryFlow<ListForms, "EXPORT_SELECTED", Entity, 2> {
+  static constexpr auto kSend = RowToEntryFlow<ListForms, "EXPORT_SELECTED", Entity, 2>::Send(
+      std::array<const char*, 2>{"EXPORT.SYSTEM_VARIABLE.USER_ID_CODE",
+                                 "EXPORT.SYSTEM_VARIABLE.CURRENT_ORG_ID"});
 };
 
 }  // namespace lk::patterns
