@@ -1,6 +1,7 @@
 // The statements of the lab remark module's action blocks.
 #include "modules/lab_remark/lab_remark_blocks.h"
 
+#include "patterns/row_columns.h"
 #include "patterns/stack_list_units.h"
 #include "store/statement.h"
 
@@ -10,29 +11,17 @@ namespace {
 
 using store::HostChar;
 using store::HostColumn;
-using store::HostDate;
-using store::HostNumber;
-using store::HostVarchar;
 using store::StatementDef;
 
-// The columns of TSRLBRMK, bound to a row of the table.
-#define LK_ROW(member) LK_PLACE(RemarkRow, member)
-constexpr HostColumn kColIsNumber = HostNumber("TSRLBRMK_IS_NUMBER", LK_ROW(TSRLBRMK_IS_NUMBER));
-constexpr HostColumn kColOrgId = HostChar("TSRLBRMK_ORG_ID", 8, LK_ROW(TSRLBRMK_ORG_ID));
-constexpr HostColumn kColShortName = HostChar("SHORT_NAME", 6, LK_ROW(SHORT_NAME));
-constexpr HostColumn kColDescription =
-    HostVarchar("DESCRIPTION_TEXT", 60, LK_ROW(DESCRIPTION_TEXT));
-constexpr HostColumn kColUserId = HostChar("D_USERID_CODE", 8, LK_ROW(D_USERID_CODE));
-constexpr HostColumn kColStamp = HostDate("D_LAST_UPDATE_TS", LK_ROW(D_LAST_UPDATE_TIMESTAMP));
-#undef LK_ROW
-
-constexpr HostColumn kKeyColumns[] = {kColIsNumber, kColOrgId};
-constexpr HostColumn kAllColumns[] = {kColIsNumber,    kColOrgId,  kColShortName,
-                                      kColDescription, kColUserId, kColStamp};
-constexpr HostColumn kNameColumn[] = {kColShortName};
-constexpr HostColumn kDuplicateColumns[] = {kColShortName, kColDescription, kColIsNumber,
-                                            kColOrgId};
-constexpr HostColumn kChangedColumns[] = {kColShortName, kColDescription, kColUserId, kColStamp};
+// The columns of TSRLBRMK, from the row's attributes.
+using Columns = patterns::RowColumns<RemarkForms>;
+constexpr auto& kAllColumns = Columns::kAll;
+constexpr auto& kKeyColumns = Columns::Pick<"TSRLBRMK_IS_NUMBER", "TSRLBRMK_ORG_ID">;
+constexpr auto& kNameColumn = Columns::Pick<"SHORT_NAME">;
+constexpr auto& kDuplicateColumns =
+    Columns::Pick<"SHORT_NAME", "DESCRIPTION_TEXT", "TSRLBRMK_IS_NUMBER", "TSRLBRMK_ORG_ID">;
+constexpr auto& kChangedColumns =
+    Columns::Pick<"SHORT_NAME", "DESCRIPTION_TEXT", "D_USERID_CODE", "D_LAST_UPDATE_TIMESTAMP">;
 
 #define LK_ALL_COLUMNS                                                                     \
   "TSRLBRMK_IS_NUMBER, TSRLBRMK_ORG_ID, SHORT_NAME, DESCRIPTION_TEXT, D_USERID_CODE, " \
@@ -47,14 +36,7 @@ constexpr HostColumn kRangeColumns[] = {
     HostChar("RANGE_START", 6, LK_PLACE(Range, RANGE_START)),
     HostChar("RANGE_END", 6, LK_PLACE(Range, RANGE_END)),
 };
-#define LK_LIST(member) LK_PLACE(RemarkListRow, member)
-constexpr HostColumn kListColumns[] = {
-    HostNumber("TSRLBRMK_IS_NUMBER", LK_LIST(TSRLBRMK_IS_NUMBER)),
-    HostChar("TSRLBRMK_ORG_ID", 8, LK_LIST(TSRLBRMK_ORG_ID)),
-    HostChar("SHORT_NAME", 6, LK_LIST(SHORT_NAME)),
-    HostVarchar("DESCRIPTION_TEXT", 60, LK_LIST(DESCRIPTION_TEXT)),
-};
-#undef LK_LIST
+constexpr auto& kListColumns = patterns::RowColumns<RemarkListForms>::kAll;
 
 // One row beyond the group is fetched: the read stops at it, without a word.
 constexpr char kListText[] =

@@ -6,56 +6,34 @@
 
 #include "modules/project_station_role/project_station_role_units.h"
 #include "store/actions.h"
+#include "patterns/row_columns.h"
 #include "store/statement.h"
 
 namespace lk::project_station_role {
 
 using store::HostChar;
 using store::HostColumn;
-using store::HostDate;
-using store::HostNumber;
 using store::HostVarchar;
 using store::StatementDef;
 
 namespace {
 
-// ---- Columns ----
+// ---- Columns, from the row's attributes ----
 
-#define LK_ROW(member) LK_PLACE(RoleRow, member)
+using Columns = patterns::RowColumns<RoleForms>;
+constexpr auto& kRowColumns = Columns::kAll;
+constexpr auto& kKeyColumns = Columns::Pick<"TSMPSR_IS_NUMBER", "TSMPSR_ORG_ID">;
+constexpr auto& kNameColumns = Columns::Pick<"TSMPSR_ORG_ID", "TYPE_NAME">;
+constexpr auto& kDuplicateColumns =
+    Columns::Pick<"TSMPSR_IS_NUMBER", "TSMPSR_ORG_ID", "TYPE_NAME">;
+constexpr auto& kChangeColumns =
+    Columns::Pick<"TYPE_NAME", "D_USERID_CODE", "D_LAST_UPDATE_TIMESTAMP">;
+// The page cursors bind the organisation of the run and the row's key.
 using Key = patterns::PageKey<RoleRow>;
-
-// The row as every select list reads it.
-constexpr HostColumn kRowColumns[] = {
-    HostNumber("TSMPSR_IS_NUMBER", LK_ROW(TSMPSR_IS_NUMBER)),
-    HostChar("TSMPSR_ORG_ID", 8, LK_ROW(TSMPSR_ORG_ID)),
-    HostVarchar("TYPE_NAME", 32, LK_ROW(TYPE_NAME)),
-    HostChar("D_USERID_CODE", 8, LK_ROW(D_USERID_CODE)),
-    HostDate("D_LAST_UPDATE_TS", LK_ROW(D_LAST_UPDATE_TIMESTAMP)),
-};
-constexpr HostColumn kKeyColumns[] = {
-    HostNumber("TSMPSR_IS_NUMBER", LK_ROW(TSMPSR_IS_NUMBER)),
-    HostChar("TSMPSR_ORG_ID", 8, LK_ROW(TSMPSR_ORG_ID)),
-};
-constexpr HostColumn kNameColumns[] = {
-    HostChar("TSMPSR_ORG_ID", 8, LK_ROW(TSMPSR_ORG_ID)),
-    HostVarchar("TYPE_NAME", 32, LK_ROW(TYPE_NAME)),
-};
-constexpr HostColumn kDuplicateColumns[] = {
-    HostNumber("TSMPSR_IS_NUMBER", LK_ROW(TSMPSR_IS_NUMBER)),
-    HostChar("TSMPSR_ORG_ID", 8, LK_ROW(TSMPSR_ORG_ID)),
-    HostVarchar("TYPE_NAME", 32, LK_ROW(TYPE_NAME)),
-};
-constexpr HostColumn kChangeColumns[] = {
-    HostVarchar("TYPE_NAME", 32, LK_ROW(TYPE_NAME)),
-    HostChar("D_USERID_CODE", 8, LK_ROW(D_USERID_CODE)),
-    HostDate("D_LAST_UPDATE_TS", LK_ROW(D_LAST_UPDATE_TIMESTAMP)),
-};
 constexpr HostColumn kPageKeyColumns[] = {
     HostChar("CURRENT_ORG_ID", 8, LK_PLACE(Key, CURRENT_ORG_ID)),
     HostVarchar("TYPE_NAME", 32, LK_PLACE(Key, row.TYPE_NAME)),
 };
-
-#undef LK_ROW
 
 // ---- Statements ----
 

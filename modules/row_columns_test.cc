@@ -1,0 +1,83 @@
+// The rows of the table modules against the schema: every column that a
+// module's row forms derive (patterns/row_columns.h) is a column of its
+// table, of the same type and width, and a whole row holds every column of
+// its table. A row that restates the schema wrongly fails here, not in a
+// statement at run time.
+#include <set>
+#include <span>
+#include <string>
+
+#include <gtest/gtest.h>
+
+#include "modules/lab_remark/lab_remark_views.h"
+#include "modules/project_station_role/project_station_role_views.h"
+#include "patterns/row_columns.h"
+#include "store/schema.h"
+#include "store/statement.h"
+
+namespace lk {
+namespace {
+
+struct TableRow {
+  const char* table;
+  std::span<const store::HostColumn> columns;
+  bool whole;  // the row holds every column of the table
+};
+
+const TableRow kRows[] = {
+    {"TSRLBRMK", patterns::RowColumns<lab_remark::RemarkForms>::kAll, true},
+    {"TSRLBRMK", patterns::RowColumns<lab_remark::RemarkListForms>::kAll, false},
+    {"TSMPSR", patterns::RowColumns<project_station_role::RoleForms>::kAll, true},
+};
+
+bool SameType(const store::HostColumn& host, const store::Column& column) {
+  switch (host.type) {
+    case store::HostType::kChar:
+      return column.type == store::ColumnType::kChar && column.width == host.width;
+    case store::HostType::kVarchar:
+      return column.type == store::ColumnType::kVarchar && column.width == host.width;
+    case store::HostType::kNumber:
+      return column.type == store::ColumnType::kNumber12 ||
+             column.type == store::ColumnType::kNumber14_4;
+    case store::HostType::kSmall:
+      return column.type == store::ColumnType::kNumber3;
+    case store::HostType::kDate:
+      return column.type == store::ColumnType::kDate;
+  }
+  return false;
+}
+
+TEST(RowColumnsTest, EveryRowAgreesWithItsTable) {
+  for (const TableRow& row : kRows) {
+    SCOPED_TRACE(row.table);
+    const store::Table* table = store::FindTable(row.table);
+    ASSERT_NE(nullptr, table);
+    std::set<std::string> held;
+    for (const store::HostColumn& host : row.columns) {
+      SCOPED_TRACE(host.name);
+      const store::Column* column = table->Find(host.name);
+      ASSERT_NE(nullptr, column) << "no such column";
+      EXPECT_TRUE(SameType(host, *column)) << "width " << host.width << " against "
+                                           << column->width;
+      held.insert(host.name);
+    }
+    if (row.whole) {
+      for (const store::Column& column : table->columns)
+        EXPECT_EQ(1u, held.count(column.name)) << "the row lacks " << column.name;
+    }
+  }
+}
+
+// The check itself: a column of another width is refused.
+TEST(RowColumnsTest, AWrongWidthIsSeen) {
+  const store::Table* table = store::FindTable("TSMPSR");
+  ASSERT_NE(nullptr, table);
+  store::HostColumn wrong = patterns::RowColumns<project_station_role::RoleForms>::kAll[2];
+  ASSERT_STREQ("TYPE_NAME", wrong.name);
+  EXPECT_TRUE(SameType(wrong, *table->Find("TYPE_NAME")));
+  wrong.width = 31;
+  EXPECT_FALSE(SameType(wrong, *table->Find("TYPE_NAME")));
+}
+
+}  // namespace
+}  // namespace lk
