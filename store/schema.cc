@@ -52,6 +52,7 @@
 
 #include <algorithm>
 #include <set>
+#include <span>
 
 #include "store/soci.h"
 
@@ -59,25 +60,10 @@ namespace lk::store {
 
 namespace {
 
-constexpr bool kNull = true;
+using namespace columns;
 
-Column Char(const char* name, int width, bool nullable = false) {
-  return {name, ColumnType::kChar, width, nullable};
-}
-Column Varchar(const char* name, int width, bool nullable = false) {
-  return {name, ColumnType::kVarchar, width, nullable};
-}
-Column Number12(const char* name, bool nullable = false) {
-  return {name, ColumnType::kNumber12, 0, nullable};
-}
-Column Number14_4(const char* name, bool nullable = false) {
-  return {name, ColumnType::kNumber14_4, 0, nullable};
-}
-Column Number3(const char* name, bool nullable = false) {
-  return {name, ColumnType::kNumber3, 0, nullable};
-}
-Column Date(const char* name, bool nullable = false) {
-  return {name, ColumnType::kDate, 0, nullable};
+std::vector<Column> Columns(std::span<const Column> columns) {
+  return {columns.begin(), columns.end()};
 }
 
 std::vector<Table> MakeTables() {
@@ -87,10 +73,7 @@ std::vector<Table> MakeTables() {
   // read-only parents they refer to, placed before them).
 
   t.push_back({"TSMEISN",
-               {Char("TSMEISN_NAME", 8), Char("TSMEISN_ORG_ID", 8), Number12("IS_NUMBER"),
-                // Inserted NULL through its indicator, so NULL is allowed.
-                Char("TABLE_VERSION", 12, kNull), Char("V_USERID_CODE", 8, kNull),
-                Date("V_LAST_UPDATE_TS", kNull), Char("D_USERID_CODE", 8), Date("D_LAST_UPDT_TS")},
+               Columns(kTsmeisn),
                {"TSMEISN_NAME", "TSMEISN_ORG_ID"},
                {{"TSMEISN_NAME", "TSMEISN_ORG_ID"}},
                {},
@@ -99,8 +82,7 @@ std::vector<Table> MakeTables() {
 
   t.push_back(
       {"TSRLBRMK",
-       {Number12("TSRLBRMK_IS_NUMBER"), Char("TSRLBRMK_ORG_ID", 8), Char("SHORT_NAME", 6),
-        Varchar("DESCRIPTION_TEXT", 60), Char("D_USERID_CODE", 8), Date("D_LAST_UPDATE_TS")},
+       Columns(kTsrlbrmk),
        {"TSRLBRMK_IS_NUMBER", "TSRLBRMK_ORG_ID"},
        {{"SHORT_NAME"}},
        {},
@@ -110,8 +92,7 @@ std::vector<Table> MakeTables() {
        true});
 
   t.push_back({"TSRBIOPT",
-               {Number12("TSRBIOPT_IS_NUMBER"), Char("TSRBIOPT_ORG_ID", 8), Varchar("NAME", 30),
-                Char("D_USERID_CODE", 8), Date("D_LAST_UPDT_TS")},
+               Columns(kTsrbiopt),
                {"TSRBIOPT_IS_NUMBER", "TSRBIOPT_ORG_ID"},
                {{"NAME"}},
                {},
@@ -121,8 +102,7 @@ std::vector<Table> MakeTables() {
                true});
 
   t.push_back({"TSMPSR",
-               {Number12("TSMPSR_IS_NUMBER"), Char("TSMPSR_ORG_ID", 8), Varchar("TYPE_NAME", 32),
-                Char("D_USERID_CODE", 8), Date("D_LAST_UPDATE_TS")},
+               Columns(kTsmpsr),
                {"TSMPSR_IS_NUMBER", "TSMPSR_ORG_ID"},
                {{"TSMPSR_ORG_ID", "TYPE_NAME"}},
                {},
@@ -132,9 +112,7 @@ std::vector<Table> MakeTables() {
                true});
 
   t.push_back({"TSRUOM",
-               {Number12("TSRUOM_IS_NUMBER"), Char("TSRUOM_ORG_ID", 8), Char("UOM_TYPE", 5),
-                Char("SHORT_FORM_NAME", 10), Varchar("DESCRIPTION_TEXT", 50),
-                Char("D_USERID_CODE", 8), Date("D_LAST_UPDATE_TS")},
+               Columns(kTsruom),
                {"TSRUOM_IS_NUMBER", "TSRUOM_ORG_ID"},
                {{"UOM_TYPE", "SHORT_FORM_NAME", "TSRUOM_ORG_ID"}},
                {},
@@ -145,8 +123,7 @@ std::vector<Table> MakeTables() {
                true});
 
   t.push_back({"TSMLTHUN",
-               {Char("TSMLTHUN_CD", 12), Char("TSMLTHUN_ORG_ID", 8), Varchar("NAME", 120),
-                Char("D_USERID_CODE", 8), Date("D_LAST_UPDT_TS")},
+               Columns(kTsmlthun),
                {"TSMLTHUN_CD", "TSMLTHUN_ORG_ID"},
                {{"TSMLTHUN_CD", "TSMLTHUN_ORG_ID"}},
                {},
@@ -156,9 +133,7 @@ std::vector<Table> MakeTables() {
                true});
 
   t.push_back({"TSMGEOUN",
-               {Char("TSMGEOUN_CD", 12), Char("TSMGEOUN_ORG_ID", 8), Char("TYPE_CODE", 1),
-                Char("STATE_CODE", 2), Varchar("NAME", 80), Char("D_USERID_CODE", 8),
-                Date("D_LAST_UPDT_TS")},
+               Columns(kTsmgeoun),
                {"TSMGEOUN_CD", "TSMGEOUN_ORG_ID"},
                {{"TSMGEOUN_CD", "TSMGEOUN_ORG_ID"}},
                {},
@@ -168,8 +143,7 @@ std::vector<Table> MakeTables() {
                true});
 
   t.push_back({"TSMSIC",
-               {Char("TSMSIC_CODE", 4), Char("TSMSIC_ORG_ID", 8), Varchar("NAME", 120),
-                Char("D_USERID_CODE", 8), Date("D_LAST_UPDT_TS")},
+               Columns(kTsmsic),
                {"TSMSIC_CODE", "TSMSIC_ORG_ID"},
                {{"TSMSIC_CODE", "NAME", "TSMSIC_ORG_ID"}},
                {},
@@ -180,11 +154,7 @@ std::vector<Table> MakeTables() {
 
   t.push_back(
       {"TSMFHU",
-       {Number12("TSMFHU_IS_NUMBER"), Char("TSMFHU_ORG_ID", 8), Char("HYDROLOGIC_UNIT_CD", 8),
-        Varchar("TYPE_CODE", 7), Varchar("NAME", 200, kNull), Char("STATES_NAME", 16, kNull),
-        Number14_4("LAT_MAX_DEGREE", kNull), Number14_4("LAT_MIN_DEGREE", kNull),
-        Number14_4("LONG_MAX_DEGREE", kNull), Number14_4("LONG_MIN_DEGREE", kNull),
-        Char("D_USERID_CODE", 8), Date("D_LAST_UPDT_TS")},
+       Columns(kTsmfhu),
        {"TSMFHU_IS_NUMBER", "TSMFHU_ORG_ID"},
        // NAME and STATES_NAME under the row's identity: the primary
        // key enforces it.
@@ -196,8 +166,7 @@ std::vector<Table> MakeTables() {
        true});
 
   t.push_back({"TSMNAL",
-               {Char("TSMNAL_CD", 5), Char("TSMNAL_STATE", 2), Char("TSMNAL_ORG_ID", 8),
-                Varchar("NAME", 40), Char("D_USERID_CODE", 8), Date("D_LAST_UPDT_TS")},
+               Columns(kTsmnal),
                {"TSMNAL_CD", "TSMNAL_STATE", "TSMNAL_ORG_ID"},
                {{"TSMNAL_CD", "TSMNAL_STATE", "TSMNAL_ORG_ID"}},
                {},
@@ -207,9 +176,7 @@ std::vector<Table> MakeTables() {
                true});
 
   t.push_back({"TSMVSTC",
-               {Number12("TSMVSTC_IS_NUMBER"), Char("TSMVSTC_ORG_ID", 8),
-                Varchar("PRIMARY_TYPE_CD", 30), Varchar("SECONDARY_TYPE_CD", 30, kNull),
-                Char("NATURAL_IND_CD", 1), Char("D_USERID_CODE", 8), Date("D_LAST_UPDT_TS")},
+               Columns(kTsmvstc),
                {"TSMVSTC_IS_NUMBER", "TSMVSTC_ORG_ID"},
                {{"PRIMARY_TYPE_CD", "NATURAL_IND_CD", "SECONDARY_TYPE_CD"}},
                {},
@@ -223,9 +190,7 @@ std::vector<Table> MakeTables() {
 
   t.push_back(
       {"TSRFLDGR",
-       {Number12("TSRFLDGR_IS_NUMBER"), Char("TSRFLDGR_ORG_ID", 8), Char("ID_CODE", 10),
-        Varchar("TYPE_NAME", 25), Varchar("NAME", 60), Varchar("DESCRIPTION_TEXT", 1999, kNull),
-        Char("D_USERID_CODE", 8), Date("D_LAST_UPDATE_TS")},
+       Columns(kTsrfldgr),
        {"TSRFLDGR_IS_NUMBER", "TSRFLDGR_ORG_ID"},
        {{"TSRFLDGR_ORG_ID", "ID_CODE", "TYPE_NAME", "NAME"}},
        {},
@@ -236,8 +201,7 @@ std::vector<Table> MakeTables() {
 
   t.push_back(
       {"TSRANLEQ",
-       {Number12("TSRANLEQ_IS_NUMBER"), Char("TSRANLEQ_ORG_ID", 8), Varchar("TYPE_NAME", 32),
-        Varchar("NAME", 60), Char("D_USERID_CODE", 8), Date("D_LAST_UPDATE_TS")},
+       Columns(kTsranleq),
        {"TSRANLEQ_IS_NUMBER", "TSRANLEQ_ORG_ID"},
        {{"NAME", "TYPE_NAME"}},
        {},
@@ -248,10 +212,7 @@ std::vector<Table> MakeTables() {
 
   // Read only; the citations of procedures refer to it.
   t.push_back({"TSRCITN",
-               {Number12("TSRCITN_IS_NUMBER"), Char("TSRCITN_ORG_ID", 8),
-                Varchar("TITLE_NAME", 1999), Varchar("AUTHOR_NAME", 120),
-                Char("PUBLICATION_YEAR", 18), Varchar("JRNL_OR_PBLSHR_NM", 120),
-                Varchar("VOL_AND_PG_NUM", 20), Char("IDENTIFICATION_CD", 12, kNull)},
+               Columns(kTsrcitn),
                {"TSRCITN_IS_NUMBER", "TSRCITN_ORG_ID"},
                {},
                {},
@@ -260,13 +221,7 @@ std::vector<Table> MakeTables() {
 
   t.push_back(
       {"TSRANLPR",
-       {Number12("TSRANLPR_IS_NUMBER"), Char("TSRANLPR_ORG_ID", 8), Char("OWNER_TYPE_CODE", 3),
-        Char("PROCEDURE_ID", 15), Varchar("NAME", 120), Varchar("SOURCE_NAME", 65),
-        Char("SOURCE_ACR", 12, kNull), Varchar("DESCRIPTION_TEXT", 4000), Char("D_USERID_CODE", 8),
-        Date("D_LAST_UPDATE_TS"), Number12("TSRCITN_IS_NUMBER", kNull),
-        Char("TSRCITN_ORG_ID", 8, kNull), Number12("TSRANLPR0IS_NUMBER", kNull),
-        Char("TSRANLPR0ORG_ID", 8, kNull), Number12("TSRANLEQ_IS_NUMBER", kNull),
-        Char("TSRANLEQ_ORG_ID", 8, kNull)},
+       Columns(kTsranlpr),
        {"TSRANLPR_IS_NUMBER", "TSRANLPR_ORG_ID"},
        {{"PROCEDURE_ID", "TSRANLPR_ORG_ID", "OWNER_TYPE_CODE"}},
        {{{"TSRCITN_IS_NUMBER", "TSRCITN_ORG_ID"},
@@ -285,10 +240,7 @@ std::vector<Table> MakeTables() {
 
   t.push_back(
       {"TSRLSPP",
-       {Number12("TSRLSPP_IS_NUMBER"), Char("TSRLSPP_ORG_ID", 8), Char("OWNER_TYPE_CODE", 3),
-        Char("PREPARATION_ID", 15), Varchar("NAME", 120), Varchar("SOURCE_NAME", 65),
-        Char("SOURCE_ACR", 12, kNull), Char("D_USERID_CODE", 8), Date("D_LAST_UPDATE_TS"),
-        Number12("TSRCITN_IS_NUMBER", kNull), Char("TSRCITN_ORG_ID", 8, kNull)},
+       Columns(kTsrlspp),
        {"TSRLSPP_IS_NUMBER", "TSRLSPP_ORG_ID"},
        {{"OWNER_TYPE_CODE", "TSRLSPP_ORG_ID", "PREPARATION_ID"}},
        {{{"TSRCITN_IS_NUMBER", "TSRCITN_ORG_ID"},
@@ -300,10 +252,7 @@ std::vector<Table> MakeTables() {
        true});
 
   t.push_back({"TSMPRMVL",
-               {Number12("TSMPRMVL_IS_NUMBER"), Char("TSMPRMVL_ORG_ID", 8), Char("TABLE_NAME", 8),
-                Varchar("FIELD_NAME", 20), Number3("SEQUENCE_NUMBER", kNull),
-                Varchar("FIELD_VALUE", 40, kNull), Varchar("FIELD_DESC", 254, kNull),
-                Char("D_USERID_CODE", 8), Date("D_LAST_UPDATE_TS")},
+               Columns(kTsmprmvl),
                {"TSMPRMVL_IS_NUMBER", "TSMPRMVL_ORG_ID"},
                {{"TABLE_NAME", "FIELD_NAME", "SEQUENCE_NUMBER"},
                 {"TABLE_NAME", "FIELD_NAME", "FIELD_VALUE"}},
@@ -318,8 +267,7 @@ std::vector<Table> MakeTables() {
                true});
 
   t.push_back({"TSRCHTYP",
-               {Char("TSRCHTYP_CATEGORY", 12), Varchar("TSRCHTYP_SUBCATGRY", 30),
-                Char("TSRCHTYP_ORG_ID", 8), Char("D_USERID_CODE", 8), Date("D_LAST_UPDATE_TS")},
+               Columns(kTsrchtyp),
                {"TSRCHTYP_CATEGORY", "TSRCHTYP_SUBCATGRY", "TSRCHTYP_ORG_ID"},
                {{"TSRCHTYP_CATEGORY", "TSRCHTYP_SUBCATGRY"}},
                {},
@@ -330,13 +278,7 @@ std::vector<Table> MakeTables() {
 
   // Read only; category assignments and aliases refer to it.
   t.push_back({"TSRCHAR",
-               {Number12("TSRCHAR_IS_NUMBER"), Char("TSRCHAR_ORG_ID", 8),
-                Varchar("SEARCH_NAME", 60), Varchar("DISPLAY_NAME", 60), Char("CHAR_TYPE_CODE", 1),
-                Varchar("TAXON_SORT_CODE", 45, kNull), Char("D_SCR_TYPE_CD", 4),
-                Number12("EXTRNL_SERIAL_NUM", kNull), Char("UOM_TYPE", 5),
-                Char("PROC_REQ_IND_CD", 1), Char("VALID_FOR_QC_IND", 1, kNull),
-                Char("SAMP_FRAC_REQ_CD", 1), Char("TAXON_RANK_CODE", 8, kNull),
-                Char("D_USERID_CODE", 8), Date("D_LAST_UPDATE_TS"), Char("STATUS", 3, kNull)},
+               Columns(kTsrchar),
                {"TSRCHAR_IS_NUMBER", "TSRCHAR_ORG_ID"},
                {},
                {},
@@ -346,9 +288,7 @@ std::vector<Table> MakeTables() {
                false});
 
   t.push_back({"TSRCTCA",
-               {Number12("TSRCHAR_IS_NUMBER"), Char("TSRCHAR_ORG_ID", 8),
-                Char("TSRCHTYP_CATEGORY", 12), Varchar("TSRCHTYP_SUBCATGRY", 30),
-                Char("TSRCHTYP_ORG_ID", 8), Char("D_USERID_CODE", 8), Date("D_LAST_UPDATE_TS")},
+               Columns(kTsrctca),
                {"TSRCHAR_IS_NUMBER", "TSRCHAR_ORG_ID", "TSRCHTYP_CATEGORY", "TSRCHTYP_SUBCATGRY",
                 "TSRCHTYP_ORG_ID"},
                {{"TSRCHAR_IS_NUMBER", "TSRCHAR_ORG_ID", "TSRCHTYP_CATEGORY", "TSRCHTYP_SUBCATGRY",
@@ -364,13 +304,7 @@ std::vector<Table> MakeTables() {
 
   t.push_back(
       {"TSMGEOPA",
-       {Number12("TSMGEOPA_IS_NUMBER"), Char("TSMGEOPA_ORG_ID", 8),
-        Number14_4("LAT_MIN_DEGREE", kNull), Number14_4("LAT_MAX_DEGREE", kNull),
-        Number14_4("LONG_MIN_DEGREE", kNull), Number14_4("LONG_MAX_DEGREE", kNull),
-        Char("FIPS_COUNTY_CODE", 3, kNull), Varchar("COUNTY_NAME", 25, kNull),
-        Char("STATE_FIPS_CODE", 2), Varchar("STATE_NAME", 21), Char("STATE_POSTAL_CODE", 2, kNull),
-        Char("COUNTRY_CODE", 2), Char("COUNTRY_NAME", 13), Char("COASTAL_IND_CD", 1),
-        Char("GREAT_LAKE_IND_CD", 1), Char("D_USERID_CODE", 8), Date("D_LAST_UPDT_TS")},
+       Columns(kTsmgeopa),
        {"TSMGEOPA_IS_NUMBER", "TSMGEOPA_ORG_ID"},
        {{"COUNTRY_CODE", "STATE_NAME", "STATE_FIPS_CODE", "COUNTY_NAME", "FIPS_COUNTY_CODE",
          "TSMGEOPA_ORG_ID"}},
@@ -383,8 +317,7 @@ std::vector<Table> MakeTables() {
   // ---- Tables the system only reads.
 
   t.push_back({"TSRCALT",
-               {Number12("TSRCALT_IS_NUMBER"), Char("TSRCALT_ORG_ID", 8), Varchar("TYPE_NAME", 30),
-                Char("TYPE_CATEGORY", 2)},
+               Columns(kTsrcalt),
                {"TSRCALT_IS_NUMBER", "TSRCALT_ORG_ID"},
                {},
                {},
@@ -392,13 +325,7 @@ std::vector<Table> MakeTables() {
                false});
 
   t.push_back({"TSRCHALS",
-               {Number12("TSRCHALS_IS_NUMBER"),
-                // Added: the ORG ID half of the alias's identity.
-                Char("TSRCHALS_ORG_ID", 8), Varchar("NAME", 500), Varchar("SEARCH_NAME", 500),
-                Number12("TSRCHAR_IS_NUMBER"), Char("TSRCHAR_ORG_ID", 8),
-                // Added: the alias type, through which the search joins
-                // TSRCALT.
-                Number12("TSRCALT_IS_NUMBER"), Char("TSRCALT_ORG_ID", 8)},
+               Columns(kTsrchals),
                {"TSRCHALS_IS_NUMBER", "TSRCHALS_ORG_ID"},
                {},
                {{{"TSRCHAR_IS_NUMBER", "TSRCHAR_ORG_ID"},
@@ -412,8 +339,7 @@ std::vector<Table> MakeTables() {
                false});
 
   t.push_back({"TSMSTATN",
-               {Number12("TSMSTATN_IS_NUMBER"), Char("TSMSTATN_ORG_ID", 8),
-                Number12("TSMVSTC_IS_NUMBER"), Char("TSMVSTC_ORG_ID", 8)},
+               Columns(kTsmstatn),
                {"TSMSTATN_IS_NUMBER", "TSMSTATN_ORG_ID"},
                {},
                {{{"TSMVSTC_IS_NUMBER", "TSMVSTC_ORG_ID"},
@@ -423,8 +349,7 @@ std::vector<Table> MakeTables() {
                false});
 
   t.push_back({"TSMFSA",
-               {Char("D_USERID_CODE", 8), Date("D_LAST_UPDATE_TS"), Number12("TSMSTATN_IS_NUMBER"),
-                Char("TSMSTATN_ORG_ID", 8), Char("TSMSIC_CODE", 4), Char("TSMSIC_ORG_ID", 8)},
+               Columns(kTsmfsa),
                {"TSMSTATN_IS_NUMBER", "TSMSTATN_ORG_ID", "TSMSIC_CODE", "TSMSIC_ORG_ID"},
                {},
                {{{"TSMSTATN_IS_NUMBER", "TSMSTATN_ORG_ID"},
@@ -436,8 +361,7 @@ std::vector<Table> MakeTables() {
 
   t.push_back(
       {"TSMSPRNG",
-       {Char("PERMANENCE_CODE", 1), Number12("TSMSTATN_IS_NUMBER"), Char("TSMSTATN_ORG_ID", 8),
-        Char("TSMGEOUN_CD", 12), Char("TSMGEOUN_ORG_ID", 8)},
+       Columns(kTsmsprng),
        {"TSMSTATN_IS_NUMBER", "TSMSTATN_ORG_ID"},
        {},
        {{{"TSMSTATN_IS_NUMBER", "TSMSTATN_ORG_ID"},
@@ -449,8 +373,7 @@ std::vector<Table> MakeTables() {
 
   t.push_back(
       {"TSMIGUA",
-       {Number12("TSMIGUA_IS_NUMBER"), Char("TSMIGUA_ORG_ID", 8), Char("TSMGEOUN_CD", 12),
-        Char("TSMGEOUN_ORG_ID", 8)},
+       Columns(kTsmigua),
        {"TSMIGUA_IS_NUMBER", "TSMIGUA_ORG_ID"},
        {},
        {{{"TSMGEOUN_CD", "TSMGEOUN_ORG_ID"}, "TSMGEOUN", {"TSMGEOUN_CD", "TSMGEOUN_ORG_ID"}}},
@@ -459,11 +382,7 @@ std::vector<Table> MakeTables() {
 
   // One table for the locations that refer to areas and to lands.
   t.push_back({"TSMALP",
-               {Number12("TSMALP_IS_NUMBER"), Char("TSMALP_ORG_ID", 8),
-                Number12("TSMGEOPA_IS_NUMBER", kNull), Char("TSMGEOPA_ORG_ID", 8, kNull),
-                Number12("TSMGEOPA0IS_NUMBER", kNull), Char("TSMGEOPA0ORG_ID", 8, kNull),
-                Char("TSMNAL_CD", 5, kNull), Char("TSMNAL_STATE", 2, kNull),
-                Char("TSMNAL_ORG_ID", 8, kNull)},
+               Columns(kTsmalp),
                {"TSMALP_IS_NUMBER", "TSMALP_ORG_ID"},
                {},
                {{{"TSMGEOPA_IS_NUMBER", "TSMGEOPA_ORG_ID"},
@@ -479,8 +398,7 @@ std::vector<Table> MakeTables() {
                false});
 
   t.push_back({"TSRFDACT",
-               {Number12("TSRFDACT_IS_NUMBER"), Char("TSRFDACT_ORG_ID", 8),
-                Number12("TSRBIOPT_IS_NUMBER"), Char("TSRBIOPT_ORG_ID", 8)},
+               Columns(kTsrfdact),
                {"TSRFDACT_IS_NUMBER", "TSRFDACT_ORG_ID"},
                {},
                {{{"TSRBIOPT_IS_NUMBER", "TSRBIOPT_ORG_ID"},
@@ -491,8 +409,7 @@ std::vector<Table> MakeTables() {
 
   t.push_back(
       {"TSRRSULT",
-       {Number12("TSRRSULT_IS_NUMBER"), Char("TSRRSULT_ORG_ID", 8), Number12("TSRUOM_IS_NUMBER"),
-        Char("TSRUOM_ORG_ID", 8)},
+       Columns(kTsrrsult),
        {"TSRRSULT_IS_NUMBER", "TSRRSULT_ORG_ID"},
        {},
        {{{"TSRUOM_IS_NUMBER", "TSRUOM_ORG_ID"}, "TSRUOM", {"TSRUOM_IS_NUMBER", "TSRUOM_ORG_ID"}}},
@@ -501,8 +418,7 @@ std::vector<Table> MakeTables() {
 
   t.push_back(
       {"TSRRCI",
-       {Char("D_USERID_CODE", 8), Char("TSRRSULT_ORG_ID", 8), Number12("TSRRSULT_IS_NUMBER"),
-        Number12("TSRUOM_IS_NUMBER"), Char("TSRUOM_ORG_ID", 8)},
+       Columns(kTsrrci),
        {"TSRRSULT_IS_NUMBER", "TSRRSULT_ORG_ID"},
        {},
        {{{"TSRUOM_IS_NUMBER", "TSRUOM_ORG_ID"}, "TSRUOM", {"TSRUOM_IS_NUMBER", "TSRUOM_ORG_ID"}},
@@ -514,8 +430,7 @@ std::vector<Table> MakeTables() {
 
   t.push_back(
       {"TSRRQCAF",
-       {Number12("TSRRQCAF_IS_NUMBER"), Char("TSRRQCAF_ORG_ID", 8), Number12("TSRUOM_IS_NUMBER"),
-        Char("TSRUOM_ORG_ID", 8)},
+       Columns(kTsrrqcaf),
        {"TSRRQCAF_IS_NUMBER", "TSRRQCAF_ORG_ID"},
        {},
        {{{"TSRUOM_IS_NUMBER", "TSRUOM_ORG_ID"}, "TSRUOM", {"TSRUOM_IS_NUMBER", "TSRUOM_ORG_ID"}}},
@@ -524,8 +439,7 @@ std::vector<Table> MakeTables() {
 
   t.push_back(
       {"TSRDQL",
-       {Char("D_USERID_CODE", 8), Number12("TSRRSULT_IS_NUMBER"), Char("TSRRSULT_ORG_ID", 8),
-        Number12("TSRUOM_IS_NUMBER"), Char("TSRUOM_ORG_ID", 8)},
+       Columns(kTsrdql),
        {"TSRRSULT_IS_NUMBER", "TSRRSULT_ORG_ID"},
        {},
        {{{"TSRUOM_IS_NUMBER", "TSRUOM_ORG_ID"}, "TSRUOM", {"TSRUOM_IS_NUMBER", "TSRUOM_ORG_ID"}},

@@ -22,20 +22,10 @@
 #include <string>
 #include <vector>
 
+#include "store/columns.h"
 #include "store/connection.h"
 
 namespace lk::store {
-
-// A column's notation: char(N), varchar(N), number(12), number(14,4),
-// number(3), date.
-enum class ColumnType { kChar, kVarchar, kNumber12, kNumber14_4, kNumber3, kDate };
-
-struct Column {
-  const char* name;
-  ColumnType type;
-  int width;      // characters for char and varchar, else 0
-  bool nullable;
-};
 
 struct Table {
   const char* name;

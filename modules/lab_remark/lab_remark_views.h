@@ -37,36 +37,38 @@ inline constexpr AttributeType kTimestampType = {26, "Q ", 20, "YYYY-MM-DD-HH.MI
                                                  nullptr, 0, {0, 0}};
 
 // The list's row; SHORT_NAME is the key it reads and checks by.
-#define LK_REMARK_LIST(X)                            \
-  X(TSRLBRMK_IS_NUMBER, 8, kIsNumberType, false)     \
-  X(TSRLBRMK_ORG_ID, 9, kOrgIdType, false)           \
-  X(SHORT_NAME, 7, kShortNameType, true)             \
-  X(DESCRIPTION_TEXT, 61, kDescriptionType, false)
-LK_ROW_FORMS(RemarkList, kListRows, LK_REMARK_LIST, TSRLBRMK_IS_NUMBER, TSRLBRMK_ORG_ID);
+#define LK_REMARK_LIST(X)                     \
+  X(TSRLBRMK_IS_NUMBER, kIsNumberType, false) \
+  X(TSRLBRMK_ORG_ID, kOrgIdType, false)       \
+  X(SHORT_NAME, kShortNameType, true)         \
+  X(DESCRIPTION_TEXT, kDescriptionType, false)
+LK_ROW_FORMS(RemarkList, kListRows, store::columns::kTsrlbrmk, LK_REMARK_LIST,
+             TSRLBRMK_IS_NUMBER, TSRLBRMK_ORG_ID);
 #undef LK_REMARK_LIST
 
 // The whole row, as the window and the blocks hold it.
-#define LK_REMARK(X)                                                   \
-  X(TSRLBRMK_IS_NUMBER, 8, kIsNumberType, false)                       \
-  X(TSRLBRMK_ORG_ID, 9, kOrgIdType, false)                             \
-  X(SHORT_NAME, 7, kShortNameType, true)                               \
-  X(DESCRIPTION_TEXT, 61, kDescriptionType, false)                     \
-  X(D_USERID_CODE, 9, kStampUserType, false)                              \
-  X(D_LAST_UPDATE_TIMESTAMP, kTimestampStorage, kTimestampType, false)
-LK_ROW_FORMS(Remark, 1, LK_REMARK, TSRLBRMK_IS_NUMBER, TSRLBRMK_ORG_ID);
+#define LK_REMARK(X)                                 \
+  X(TSRLBRMK_IS_NUMBER, kIsNumberType, false)        \
+  X(TSRLBRMK_ORG_ID, kOrgIdType, false)              \
+  X(SHORT_NAME, kShortNameType, true)                \
+  X(DESCRIPTION_TEXT, kDescriptionType, false)       \
+  X(D_USERID_CODE, kStampUserType, false)            \
+  X(D_LAST_UPDATE_TIMESTAMP, kTimestampType, false)
+LK_ROW_FORMS(Remark, 1, store::columns::kTsrlbrmk, LK_REMARK, TSRLBRMK_IS_NUMBER,
+             TSRLBRMK_ORG_ID);
 #undef LK_REMARK
 
 // What the window can change, as first shown.
-#define LK_REMARK_HIDDEN(X)              \
-  X(SHORT_NAME, 7, kShortNameType, false) \
-  X(DESCRIPTION_TEXT, 61, kDescriptionType, false)
+#define LK_REMARK_HIDDEN(X)                                         \
+  X(SHORT_NAME, sizeof(RemarkRow::SHORT_NAME), kShortNameType, false) \
+  X(DESCRIPTION_TEXT, sizeof(RemarkRow::DESCRIPTION_TEXT), kDescriptionType, false)
 LK_GROUP_FORMS(RemarkHidden, 1, LK_REMARK_HIDDEN);
 #undef LK_REMARK_HIDDEN
 
 // The page keys of the stack.
-#define LK_REMARK_PAGES(X)                         \
-  X(LAST_ROW_SHORT_NAME, 7, kShortNameType, false) \
-  X(FIRST_ROW_SHORT_NAME, 7, kShortNameType, false)
+#define LK_REMARK_PAGES(X)                                                  \
+  X(LAST_ROW_SHORT_NAME, sizeof(RemarkRow::SHORT_NAME), kShortNameType, false) \
+  X(FIRST_ROW_SHORT_NAME, sizeof(RemarkRow::SHORT_NAME), kShortNameType, false)
 LK_GROUP_FORMS(RemarkPages, kStackRows, LK_REMARK_PAGES);
 #undef LK_REMARK_PAGES
 

@@ -32,15 +32,16 @@ inline constexpr AttributeType kTypeNameType = {33, "Y ", 32, "", nullptr, 0x100
 inline constexpr AttributeType kTimestampType = {21,      "Q ", 20,    "YYYY-MM-DD-HH.MI.SS.NNNNNN",
                                                  nullptr, 0,    {0, 0}};
 
-// The row of TSMPSR: name, storage, type, and whether it is a column of the
+// The row of TSMPSR: name, type, and whether it is a column of the
 // key the list pages by and the data entry window checks for duplicates.
-#define LK_ROLE_ATTRIBUTES(X)                           \
-  X(TSMPSR_IS_NUMBER, 8, kIsNumberType, false)          \
-  X(TSMPSR_ORG_ID, 9, kOrgIdType, false)                \
-  X(TYPE_NAME, 33, kTypeNameType, true)                 \
-  X(D_USERID_CODE, 9, kStampUserType, false)               \
-  X(D_LAST_UPDATE_TIMESTAMP, 21, kTimestampType, false)
-LK_ROW_FORMS(Role, kListRows, LK_ROLE_ATTRIBUTES, TSMPSR_IS_NUMBER, TSMPSR_ORG_ID);
+#define LK_ROLE_ATTRIBUTES(X)                      \
+  X(TSMPSR_IS_NUMBER, kIsNumberType, false)        \
+  X(TSMPSR_ORG_ID, kOrgIdType, false)              \
+  X(TYPE_NAME, kTypeNameType, true)                \
+  X(D_USERID_CODE, kStampUserType, false)          \
+  X(D_LAST_UPDATE_TIMESTAMP, kTimestampType, false)
+LK_ROW_FORMS(Role, kListRows, store::columns::kTsmpsr, LK_ROLE_ATTRIBUTES, TSMPSR_IS_NUMBER,
+             TSMPSR_ORG_ID);
 #undef LK_ROLE_ATTRIBUTES
 
 inline constexpr char kDeleteWindowName[] = "RT40A_DELETE_PROJECT_ROLE";
