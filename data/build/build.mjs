@@ -3,7 +3,7 @@
 // (`npm ci && node build.mjs` in this folder); the output depends on nothing
 // but those packages, so two runs write the same bytes. data/README.md tells
 // where each table comes from.
-import { readFileSync, writeFileSync } from 'node:fs';
+import { existsSync, readFileSync, writeFileSync } from 'node:fs';
 import { dirname, join } from 'node:path';
 import { fileURLToPath } from 'node:url';
 import * as topojson from 'topojson-client';
@@ -101,7 +101,8 @@ function csvCell(value) {
 }
 
 // A column: [name, kind, width, nullable]. Kinds: char, varchar (width in
-// characters), is (number(12)), deg (number(14,4)), date.
+// characters), is (number(12)), seq (number(3), 1 to 999), deg (number(14,4)),
+// date.
 function writeTable(table, columns, rows) {
   const lines = [columns.map(([name]) => name).join(',')];
   rows.forEach((row, index) => {
@@ -123,6 +124,9 @@ function writeTable(table, columns, rows) {
         }
         case 'is':
           if (!Number.isInteger(value) || value < 1) throw new Error(`${where}: bad IS number ${value}`);
+          return String(value);
+        case 'seq':
+          if (!Number.isInteger(value) || value < 1 || value > 999) throw new Error(`${where}: bad sequence number ${value}`);
           return String(value);
         case 'deg':
           if (typeof value !== 'string' || !/^-?\d{1,3}\.\d{4}$/.test(value)) throw new Error(`${where}: bad degrees ${value}`);
@@ -730,6 +734,256 @@ const OUTLYING = { '60': 'AS', '66': 'GU', '69': 'MP', '72': 'PR', '78': 'VI' };
     ['D_USERID_CODE', 'char', 8], ['D_LAST_UPDT_TS', 'date'],
   ], all)]);
   console.log(`TSMGEOPA: ${rows.length} US counties (${coastal} coastal, ${lakes} on a Great Lake), ${countryRows.length} rows for Canada and Mexico`);
+}
+
+// ---------------------------------------------------------------------------
+// TSMPRMVL: permitted values, the value lists of the coded fields of the
+// warehouse, one row per value of each (TABLE_NAME, FIELD_NAME) with its
+// display position in SEQUENCE_NUMBER. Most lists are domain lists of the
+// package wqx; the few that no package holds are written here. Which table
+// and field a list belongs to is decided here.
+
+// Orders texts as a person reads them: runs of digits by their number, the
+// rest by its characters, ignoring case first.
+function naturalCompare(a, b) {
+  const split = (s) => s.match(/\d+|\D+/g) || [];
+  const x = split(a);
+  const y = split(b);
+  for (let i = 0; i < Math.min(x.length, y.length); i++) {
+    const p = x[i];
+    const q = y[i];
+    if (/^\d/.test(p) && /^\d/.test(q)) {
+      if (Number(p) !== Number(q)) return Number(p) - Number(q);
+      continue;
+    }
+    const pl = p.toLowerCase();
+    const ql = q.toLowerCase();
+    if (pl !== ql) return pl < ql ? -1 : 1;
+  }
+  if (x.length !== y.length) return x.length - y.length;
+  return a < b ? -1 : a > b ? 1 : 0;
+}
+
+// A few descriptions of the package were stored as UTF-8 read as code page
+// 1252 ("Â±" for "±"): such runs are read back as UTF-8.
+const CP1252_HIGH_BYTES = [
+  0x80, 0x82, 0x83, 0x84, 0x85, 0x86, 0x87, 0x88, 0x89, 0x8a, 0x8b, 0x8c, 0x8e, 0x91,
+  0x92, 0x93, 0x94, 0x95, 0x96, 0x97, 0x98, 0x99, 0x9a, 0x9b, 0x9c, 0x9e, 0x9f,
+];
+const CP1252_BYTE = new Map(Array.from(CP1252_HIGH, (ch, i) => [ch, CP1252_HIGH_BYTES[i]]));
+function unmangle(text) {
+  const byteOf = (ch) => CP1252_BYTE.get(ch) ?? ch.codePointAt(0);
+  return text.replace(/[\u00c2-\u00f4][\u0080-\u00bf\u0152-\u2122]{1,3}/g, (run) => {
+    const chars = Array.from(run);
+    const lead = byteOf(chars[0]);
+    const need = lead >= 0xf0 ? 4 : lead >= 0xe0 ? 3 : 2;
+    if (chars.length < need) return run;
+    const bytes = chars.slice(0, need).map(byteOf);
+    if (bytes.some((b) => b > 0xff || (b !== lead && (b < 0x80 || b > 0xbf)))) return run;
+    const decoded = Buffer.from(bytes).toString('utf8');
+    if (decoded.includes('\ufffd') || Array.from(decoded).length !== 1) return run;
+    return decoded + chars.slice(need).join('');
+  });
+}
+
+// Sub- and superscript digits and signs of chemical formulas, written plain.
+const SCRIPTS = new Map([...'₀₁₂₃₄₅₆₇₈₉'].map((ch, i) => [ch, String(i)])
+  .concat([...'⁰¹²³⁴⁵⁶⁷⁸⁹'].map((ch, i) => [ch, String(i)]), [['⁺', '+'], ['⁻', '-'], ['₊', '+'], ['₋', '-']]));
+
+// A domain description as a FIELD_DESC: NULL where there is none or it is
+// only an address; the validity date some carry and the outline number
+// others start with are left out; characters that code page 1252 lacks are
+// spelt with ones it has or, failing that ("≡" of a triple bond), dropped.
+function domainDescription(text) {
+  if (!text) return null;
+  let out = spell(Array.from(unmangle(text), (ch) => SCRIPTS.get(ch) ?? ch).join(''))
+    .replace(/\s*ValidDate:\s*\d{4}-\d\d-\d\d\s*/g, ' ')
+    .replace(/^\s*\d+(\.\d+)?\)\s*/, '')
+    .replace(/\s+/g, ' ')
+    .trim();
+  if (/^<?https?:\/\/\S+>?$/.test(out)) return null;
+  out = Array.from(out, (ch) => (isCp1252(ch) ? ch : '')).join('');
+  return out === '' ? null : cutWords(out, 254);
+}
+
+// The width of the fields that the warehouse's own tables give; other
+// fields hold values of up to FIELD_VALUE's 40 characters.
+const FIELD_WIDTH = new Map([
+  ['TSMGEOPA.COUNTRY_CODE', 2], ['TSMGEOPA.COASTAL_IND_CD', 1], ['TSMGEOPA.GREAT_LAKE_IND_CD', 1],
+  ['TSMVSTC.PRIMARY_TYPE_CD', 30], ['TSMVSTC.NATURAL_IND_CD', 1],
+  ['TSRANLEQ.TYPE_NAME', 32], ['TSRFLDGR.TYPE_NAME', 25], ['TSRFLDGR.NAME', 60],
+  ['TSRUOM.UOM_TYPE', 5], ['TSRCHAR.UOM_TYPE', 5], ['TSRCHAR.PROC_REQ_IND_CD', 1],
+  ['TSRCHAR.SAMP_FRAC_REQ_CD', 1], ['TSRCHAR.VALID_FOR_QC_IND', 1],
+  ['TSRANLPR.OWNER_TYPE_CODE', 3], ['TSRLSPP.OWNER_TYPE_CODE', 3], ['TSRANLPR.SOURCE_ACR', 12],
+]);
+const fieldWidth = (table, field) => Math.min(FIELD_WIDTH.get(`${table}.${field}`) ?? 40, 40);
+
+{
+  const lists = [];
+  const left = [];
+
+  // A list written here: [value, description] pairs in display order; every
+  // value must fit its field.
+  function handList(table, field, pairs) {
+    const width = fieldWidth(table, field);
+    for (const [value] of pairs) {
+      if (Array.from(value).length > width) throw new Error(`TSMPRMVL ${table}.${field}: ${value} is longer than ${width}`);
+    }
+    lists.push({ table, field, values: pairs.map(([value, desc]) => ({ value, desc: desc ?? null })) });
+  }
+
+  // A domain list of wqx in natural order with its descriptions, less the
+  // values marked retired and those longer than the field, which are counted.
+  function domainValues(domain, width) {
+    const values = readJson('wqx', `values/${domain}.json`).enum;
+    const describedFile = `descriptions/${domain}.json`;
+    const described = existsSync(join(modules, 'wqx', describedFile)) ? readJson('wqx', describedFile) : {};
+    const out = [];
+    for (const value of [...values].sort(naturalCompare)) {
+      const desc = described[value] || '';
+      if (/\*\*\*retired\*\*\*/i.test(value) || /\*\*\*retired\*\*\*/i.test(desc)) continue;
+      if (value.trim() !== value || value === '') throw new Error(`wqx ${domain}: value ${JSON.stringify(value)}`);
+      checkText(value, `wqx ${domain}`);
+      if (Array.from(value).length > width) {
+        left.push({ domain, value });
+        continue;
+      }
+      out.push({ value, desc: domainDescription(desc) });
+    }
+    return out;
+  }
+
+  function domainList(table, field, domain) {
+    const values = domainValues(domain, fieldWidth(table, field));
+    lists.push({ table, field, values });
+    return values;
+  }
+
+  // Field activities. The activity categories are the activity types of the
+  // domain; the companion lists _S and _M hold those offered for samples
+  // (every type that is a sample) and for field measurements and
+  // observations (the rest), each a subset of the main list.
+  const categories = domainList('TSRFDACT', 'CATEGORY_TYPE_NAME', 'ActivityType');
+  lists.push({ table: 'TSRFDACT', field: 'CATEGORY_TYPE_NAME_S', values: categories.filter((c) => /Sample/.test(c.value)) });
+  lists.push({ table: 'TSRFDACT', field: 'CATEGORY_TYPE_NAME_M', values: categories.filter((c) => !/Sample/.test(c.value)) });
+  domainList('TSRFDACT', 'MEDIUM_TYPE_NAME', 'ActivityMedia');
+  domainList('TSRFDACT', 'MEDIUM_SUBDIV_NAME', 'ActivityMediaSubdivision');
+  domainList('TSRFDACT', 'RELATIVE_DEPTH_NAME', 'RelativeDepth');
+  domainList('TSRFDACT', 'THERMAL_PRSRV_NAME', 'ThermalPreservative');
+  domainList('TSRFDACT', 'CONTAINER_TYPE_NAME', 'ContainerType');
+  domainList('TSRFDACT', 'CONTAINER_COLOR_NAME', 'ContainerColor');
+  domainList('TSRFDACT', 'HYDRO_CONDITION_NAME', 'HydrologicCondition');
+  domainList('TSRFDACT', 'HYDRO_EVENT_NAME', 'HydrologicEvent');
+  domainList('TSRFDACT', 'ASSEMBLAGE_NAME', 'Assemblage');
+  domainList('TSRFDACT', 'FIELD_PROCEDURE_ID', 'SampleCollectionMethod');
+  domainList('TSRFDACT', 'FIELD_PROC_SOURCE', 'SampleCollectionMethodContext');
+  domainList('TSRFDACT', 'GROUP_TYPE_NAME', 'ActivityGroupType');
+  domainList('TSRFDACT', 'TIME_ZONE_CD', 'TimeZone');
+
+  // Field gear: its types and the names of the sample collection equipment.
+  domainList('TSRFLDGR', 'TYPE_NAME', 'SampleCollectionEquipmentType');
+  domainList('TSRFLDGR', 'NAME', 'SampleCollectionEquipment');
+
+  // Stations and their location points.
+  domainList('TSMSTATN', 'LOCATION_TYPE_NAME', 'MonitoringLocationType');
+  domainList('TSMSTATN', 'WELL_TYPE_NAME', 'WellType');
+  domainList('TSMSTATN', 'AQUIFER_TYPE_NAME', 'AquiferType');
+  domainList('TSMSTATN', 'NATL_AQUIFER_CODE', 'NationalAquifer');
+  domainList('TSMSTATN', 'REFERENCE_LOC_TYPE', 'ReferenceLocationType');
+  domainList('TSMALP', 'HORIZ_DATUM_CODE', 'HorizontalReferenceDatum');
+  domainList('TSMALP', 'HORIZ_METHOD_NAME', 'HorizontalCollectionMethod');
+  domainList('TSMALP', 'VERT_DATUM_CODE', 'VerticalReferenceDatum');
+  domainList('TSMALP', 'VERT_METHOD_NAME', 'VerticalCollectionMethod');
+
+  // Results and their detection and quantitation limits.
+  domainList('TSRRSULT', 'VALUE_TYPE_NAME', 'ResultValueType');
+  domainList('TSRRSULT', 'STATUS_NAME', 'ResultStatus');
+  domainList('TSRRSULT', 'STATISTIC_TYPE_NAME', 'ResultStatisticalBase');
+  domainList('TSRRSULT', 'SAMPLE_FRACTION_NAME', 'SampleFraction');
+  domainList('TSRRSULT', 'DETECTION_COND_NAME', 'ResultDetectionCondition');
+  domainList('TSRRSULT', 'WEIGHT_BASIS_NAME', 'ResultWeightBasis');
+  domainList('TSRRSULT', 'TEMP_BASIS_NAME', 'ResultTemperatureBasis');
+  domainList('TSRRSULT', 'DURATION_BASIS_NAME', 'ResultTimeBasis');
+  domainList('TSRRSULT', 'SPECIATION_NAME', 'MethodSpeciation');
+  domainList('TSRRSULT', 'BIO_INTENT_NAME', 'BiologicalIntent');
+  domainList('TSRRSULT', 'FREQ_CLASS_NAME', 'FrequencyClassDescriptor');
+  domainList('TSRRSULT', 'FREQ_CLASS_TYPE', 'FrequencyClassType');
+  domainList('TSRRSULT', 'CELL_FORM_NAME', 'CellForm');
+  domainList('TSRRSULT', 'CELL_SHAPE_NAME', 'CellShape');
+  domainList('TSRRSULT', 'HABIT_NAME', 'Habit');
+  domainList('TSRRSULT', 'VOLTINISM_NAME', 'Voltinism');
+  domainList('TSRRSULT', 'SAMPLING_POINT_TYPE', 'ResultSamplingPointType');
+  domainList('TSRRSULT', 'TOXICITY_TEST_TYPE', 'ToxicityTestType');
+  domainList('TSRRSULT', 'TIME_ZONE_CD', 'TimeZone');
+  domainList('TSRDQL', 'TYPE_NAME', 'DetectionQuantitationLimitType');
+
+  // The groups of characteristics.
+  domainList('TSRCHAR', 'GROUP_NAME', 'CharacteristicGroup');
+
+  // The source acronyms of analytical procedures: the method contexts.
+  domainList('TSRANLPR', 'SOURCE_ACR', 'AnalyticalMethodContext');
+
+  // Lists that no package holds.
+  handList('TSRANLEQ', 'TYPE_NAME', [
+    'Acoustic Velocity', 'Autoanalyzer', 'Chromatography', 'Conductivity', 'Electrochemical',
+    'Microscope', 'None', 'Particle Counter', 'Physical/Handling', 'Probe', 'Spectroscopy',
+    'Test Kit', 'Titration', 'Visual Inspection',
+  ].map((v) => [v]));
+  const uomTypes = [
+    ['TEMP', 'Temperature'], ['AREA', 'Area'], ['VOL', 'Volume'], ['VEL', 'Velocity'],
+    ['FLOW', 'Flow'], ['MISC', 'Miscellaneous'], ['TIME', 'Time'], ['TAX', 'Taxon count'],
+    ['LEN', 'Length'], ['PROD', 'Productivity'], ['SUBST', 'Substance'], ['NONE', 'None (dimensionless)'],
+  ];
+  handList('TSRUOM', 'UOM_TYPE', uomTypes);
+  handList('TSRCHAR', 'UOM_TYPE', uomTypes);
+  const owners = [['NAT', 'National'], ['ORG', 'Organization']];
+  handList('TSRANLPR', 'OWNER_TYPE_CODE', owners);
+  handList('TSRLSPP', 'OWNER_TYPE_CODE', owners);
+  handList('TSRCITN', 'OWNER_TYPE_CODE', owners);
+  handList('TSMGEOPA', 'COUNTRY_CODE', [['US', 'United States'], ['CN', 'Canada'], ['MX', 'Mexico']]);
+  const yesNo = [['Y', 'Yes'], ['N', 'No']];
+  handList('TSMGEOPA', 'COASTAL_IND_CD', yesNo);
+  handList('TSMGEOPA', 'GREAT_LAKE_IND_CD', yesNo);
+  handList('TSMVSTC', 'NATURAL_IND_CD', yesNo);
+  handList('TSRCHAR', 'PROC_REQ_IND_CD', yesNo);
+  handList('TSRCHAR', 'SAMP_FRAC_REQ_CD', yesNo);
+  handList('TSRCHAR', 'VALID_FOR_QC_IND', yesNo);
+  // Primary station types, with the description of the monitoring location
+  // type of the same name where the domain has one.
+  const locationTypes = new Map(domainValues('MonitoringLocationType', 40).map((t) => [t.value, t.desc]));
+  handList('TSMVSTC', 'PRIMARY_TYPE_CD', [
+    'Atmosphere', 'Canal', 'Cave', 'Estuary', 'Facility', 'Great Lake', 'Lake', 'Land', 'Ocean',
+    'Reservoir', 'Seep', 'Spring', 'Stream', 'Well', 'Wetland',
+  ].map((v) => [v, locationTypes.get(v) ?? null]));
+
+  const rows = [];
+  const sorted = [...lists].sort((a, b) => (a.table !== b.table ? (a.table < b.table ? -1 : 1) : a.field < b.field ? -1 : a.field > b.field ? 1 : 0));
+  for (const { table, field, values } of sorted) {
+    if (values.length === 0 || values.length > 999) throw new Error(`TSMPRMVL ${table}.${field}: ${values.length} values`);
+    values.forEach(({ value, desc }, index) => {
+      rows.push({
+        TSMPRMVL_ORG_ID: ORG,
+        TABLE_NAME: table,
+        FIELD_NAME: field,
+        SEQUENCE_NUMBER: index + 1,
+        FIELD_VALUE: value,
+        FIELD_DESC: desc,
+        D_USERID_CODE: USER,
+        D_LAST_UPDATE_TS: STAMP,
+      });
+    });
+  }
+  numberRows('TSMPRMVL', 'TSMPRMVL_IS_NUMBER', rows);
+  checkUnique('TSMPRMVL', rows, ['TABLE_NAME', 'FIELD_NAME', 'SEQUENCE_NUMBER']);
+  checkUnique('TSMPRMVL', rows, ['TABLE_NAME', 'FIELD_NAME', 'FIELD_VALUE']);
+  summary.push(['TSMPRMVL', writeTable('TSMPRMVL', [
+    ['TSMPRMVL_IS_NUMBER', 'is'], ['TSMPRMVL_ORG_ID', 'char', 8], ['TABLE_NAME', 'char', 8],
+    ['FIELD_NAME', 'varchar', 20], ['SEQUENCE_NUMBER', 'seq'], ['FIELD_VALUE', 'varchar', 40],
+    ['FIELD_DESC', 'varchar', 254, true], ['D_USERID_CODE', 'char', 8], ['D_LAST_UPDATE_TS', 'date'],
+  ], rows)]);
+  const shortened = new Map();
+  for (const { domain } of left) shortened.set(domain, (shortened.get(domain) || 0) + 1);
+  console.log(`TSMPRMVL: ${lists.length} lists; left out as longer than their field: ${[...shortened].map(([d, n]) => `${d} ${n}`).join(', ')}`);
 }
 
 // ---------------------------------------------------------------------------
