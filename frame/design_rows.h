@@ -66,16 +66,30 @@ struct LinkDecl {
   const char* return_command;
 };
 
+// One link of a procedure: its ExitRow and its FlowRow, with send and
+// receive over `Flow`.
 template <const LinkDecl& L, const FlowBinding& Flow>
-struct SingleLink {
+struct Link {
+  static constexpr ExitRow kExit = {L.exit_state, L.flow_id, 'M'};
+  static constexpr FlowRow kFlow = {L.flow_id,      "L",           L.target_id, L.target_name,
+                                    Send<Flow>,     Receive<Flow>, L.returns,   L.on_mode,
+                                    L.on_command,   L.return_mode, L.return_command, 0};
+};
+
+// A procedure's links (each a Link), in table order, with the flow state
+// cell the host owns, zeroed.
+template <class... Each>
+struct Links {
   static inline u32 state[2];
-  static constexpr ExitRow kExits[] = {{L.exit_state, L.flow_id, 'M'}, {0, 0, 0}};
+  static constexpr ExitRow kExits[] = {Each::kExit..., {0, 0, 0}};
   static constexpr FlowRow kFlows[] = {
-      {L.flow_id, "L", L.target_id, L.target_name, Send<Flow>, Receive<Flow>, L.returns,
-       L.on_mode, L.on_command, L.return_mode, L.return_command, 0},
+      Each::kFlow...,
       {0, nullptr, 0, nullptr, nullptr, nullptr, nullptr, nullptr, nullptr, nullptr, nullptr, 0},
   };
 };
+
+template <const LinkDecl& L, const FlowBinding& Flow>
+using SingleLink = Links<Link<L, Flow>>;
 
 }  // namespace lk
 

@@ -108,6 +108,9 @@ template <const AttributeType& T>
 inline constexpr FieldDescriptor kEntryField = {kTagEntry, &T};
 template <const AttributeType& T>
 inline constexpr FieldDescriptor kShownField = {kTagProtected, &T};
+// A multi-line field a person types in.
+template <const AttributeType& T>
+inline constexpr FieldDescriptor kMultilineField = {kTagMultiline, &T};
 
 // An empty StaticItemRow table, for windows without statics.
 inline constexpr StaticItemRow kNoStaticItems[] = {{0, nullptr, 0}};

@@ -140,6 +140,8 @@ bool ParseResources(std::string_view text, Resources* out, std::string* error) {
           c.center = true;
         } else if (w[at] == "default") {
           c.is_default = true;
+        } else if (w[at] == "multiple") {
+          c.multiple = true;
         } else if (w[at] == "attribute" && at + 1 < w.size() && !IsText(w[at + 1])) {
           c.attribute = w[++at];
         } else {

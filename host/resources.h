@@ -3,7 +3,7 @@
 //
 // The text format, one item a line ('#' starts a comment line):
 //   dialog ID "TITLE" WIDTH HEIGHT style 0xSTYLE
-//     KIND ID "TEXT" X Y W H [center] [default] [attribute NAME]
+//     KIND ID "TEXT" X Y W H [center] [default] [multiple] [attribute NAME]
 //                                                  KIND: button static group
 //                                                  edit check radio list combo picture
 //     KIND ID X Y W H [...]                        (the same without text)
@@ -13,7 +13,8 @@
 //   end
 // Texts are in double quotes, with \" and \\ as escapes; coordinates are in
 // dialog units. "attribute NAME" on a list's heading static names the view
-// attribute of that column.
+// attribute of that column; "multiple" makes a list one of multiple
+// selection.
 #ifndef WATRIX_HOST_RESOURCES_H_
 #define WATRIX_HOST_RESOURCES_H_
 
@@ -32,6 +33,7 @@ struct DialogControl {
   int x = 0, y = 0, w = 0, h = 0;
   bool center = false;
   bool is_default = false;
+  bool multiple = false;  // a list in which several rows may be highlighted
   std::string attribute;  // a column heading's attribute, or ""
 };
 

@@ -176,6 +176,7 @@ nlohmann::json WindowJson(const OpenWindow& window, const ModuleImage& module,
     c["error"] = field && display.compare(0, 2, "10") == 0;
     c["protected"] = f.tag == lk::kTagProtected || (field && display[1] == 'g');
     if (r != nullptr && r->is_default) c["default"] = true;
+    if (r != nullptr && r->multiple) c["multiple"] = true;
     if (f.tag == lk::kTagRadio || f.tag == lk::kTagDropDown || f.tag == lk::kTagCheck) {
       nlohmann::json options = Options(f, module);
       if (f.option >= 0 && f.option < static_cast<int>(options.size()))

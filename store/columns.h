@@ -23,6 +23,7 @@ struct Column {
   ColumnType type;
   int width;      // characters for char and varchar, else 0
   bool nullable;
+  const char* attribute = nullptr;  // the view attribute's name, where it differs
 };
 
 // The columns of each table, kTsrlbrmk for TSRLBRMK and so on, and the
@@ -48,6 +49,12 @@ constexpr Column Number3(const char* name, bool nullable = false) {
 }
 constexpr Column Date(const char* name, bool nullable = false) {
   return {name, ColumnType::kDate, 0, nullable};
+}
+// A column that the views hold under another name (FIELD_DESC as
+// FIELD_DESCRIPTION).
+constexpr Column Viewed(Column column, const char* attribute) {
+  column.attribute = attribute;
+  return column;
 }
 
 inline constexpr Column kTsmeisn[] = {
@@ -135,7 +142,8 @@ inline constexpr Column kTsrlspp[] = {
 inline constexpr Column kTsmprmvl[] = {
     Number12("TSMPRMVL_IS_NUMBER"), Char("TSMPRMVL_ORG_ID", 8), Char("TABLE_NAME", 8),
     Varchar("FIELD_NAME", 20), Number3("SEQUENCE_NUMBER", kNull),
-    Varchar("FIELD_VALUE", 40, kNull), Varchar("FIELD_DESC", 254, kNull),
+    Varchar("FIELD_VALUE", 40, kNull),
+    Viewed(Varchar("FIELD_DESC", 254, kNull), "FIELD_DESCRIPTION"),
     Char("D_USERID_CODE", 8), Date("D_LAST_UPDATE_TS"),
 };
 inline constexpr Column kTsrchtyp[] = {
@@ -224,28 +232,35 @@ inline constexpr Column kTsrdql[] = {
 
 }  // namespace columns
 
-// The storage of column `name` of `table` in a view: a text's characters and
-// its NUL, the eight bytes of a double, the 21 bytes of a timestamp; the
-// row's stamp D_LAST_UPDATE_TIMESTAMP is the column D_LAST_UPDATE_TS. A name
-// the table does not hold stops the compilation.
+// Lookups of a row's view attributes among a table's columns. A name the
+// table does not hold stops the compilation.
 constexpr bool SameName(const char* x, const char* y) {
   for (; *x != '\0' && *x == *y; ++x, ++y) {
   }
   return *x == *y;
 }
-constexpr int StorageOf(std::span<const Column> table, const char* name) {
+// The column that view attribute `name` of a row of `table` stands for: the
+// column of that name or of that view attribute name; the stamp
+// D_LAST_UPDATE_TIMESTAMP is the column D_LAST_UPDATE_TS of every table.
+constexpr const Column& ColumnOfAttribute(std::span<const Column> table, const char* name) {
   if (SameName(name, "D_LAST_UPDATE_TIMESTAMP")) name = "D_LAST_UPDATE_TS";
-  for (const Column& c : table) {
-    if (!SameName(c.name, name)) continue;
-    switch (c.type) {
-      case ColumnType::kChar:
-      case ColumnType::kVarchar: return c.width + 1;
-      case ColumnType::kDate: return 21;
-      case ColumnType::kNumber3: return 2;
-      default: return 8;
-    }
-  }
+  for (const Column& c : table)
+    if (SameName(c.name, name) || (c.attribute != nullptr && SameName(c.attribute, name)))
+      return c;
   throw "a column that the table does not hold";
+}
+
+// Bytes that view attribute `name` takes: a text its width and the NUL, a
+// timestamp 21, any number a double's 8 (number(3) too, which the statements
+// bind as a 2-byte integer).
+constexpr int StorageOf(std::span<const Column> table, const char* name) {
+  const Column& c = ColumnOfAttribute(table, name);
+  switch (c.type) {
+    case ColumnType::kChar:
+    case ColumnType::kVarchar: return c.width + 1;
+    case ColumnType::kDate: return 21;
+    default: return 8;
+  }
 }
 
 }  // namespace lk::store

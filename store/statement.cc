@@ -200,6 +200,26 @@ std::string DateToWrite(const char* attribute) {
   return out;
 }
 
+// A number(3) of a record, held as a 2-byte integer or as a double.
+std::int16_t GetSmall(const HostColumn& c, const char* at) {
+  if (c.place.size == sizeof(double)) {
+    double v;
+    std::memcpy(&v, at, sizeof v);
+    return static_cast<std::int16_t>(v);
+  }
+  std::int16_t small;
+  std::memcpy(&small, at, sizeof small);
+  return small;
+}
+void PutSmall(const HostColumn& c, char* at, std::int16_t small) {
+  if (c.place.size == sizeof(double)) {
+    const double v = small;
+    std::memcpy(at, &v, sizeof v);
+  } else {
+    std::memcpy(at, &small, sizeof small);
+  }
+}
+
 // Fills the host variable of input `c` from `record`.
 void LoadInput(const HostColumn& c, const char* record, HostValue* v) {
   const char* at = record + c.place.offset;
@@ -212,12 +232,9 @@ void LoadInput(const HostColumn& c, const char* record, HostValue* v) {
     case HostType::kNumber:
       std::memcpy(&v->number, at, sizeof(double));
       break;
-    case HostType::kSmall: {
-      std::int16_t small;
-      std::memcpy(&small, at, sizeof small);
-      v->small = small;
+    case HostType::kSmall:
+      v->small = GetSmall(c, at);
       break;
-    }
     case HostType::kDate:
       v->text = DateToWrite(at);
       break;
@@ -332,11 +349,9 @@ int StoreOutputs(const StatementDef& s, const std::vector<HostValue>& values,
         std::memcpy(at, &number, sizeof number);
         break;
       }
-      case HostType::kSmall: {
-        const std::int16_t small = null ? 0 : static_cast<std::int16_t>(v.small);
-        std::memcpy(at, &small, sizeof small);
+      case HostType::kSmall:
+        PutSmall(c, at, null ? 0 : static_cast<std::int16_t>(v.small));
         break;
-      }
       case HostType::kDate:
         if (null) {
           std::memcpy(at, kEmptyTimestamp, sizeof kEmptyTimestamp);
@@ -593,12 +608,9 @@ void CopyWritten(const StatementDef& s, const void* in, void* entity) {
         std::memcpy(dest, &number, sizeof number);
         break;
       }
-      case HostType::kSmall: {
-        std::int16_t small = 0;
-        if (!null) std::memcpy(&small, src, sizeof small);
-        std::memcpy(dest, &small, sizeof small);
+      case HostType::kSmall:
+        PutSmall(c, dest, null ? 0 : GetSmall(c, src));
         break;
-      }
       case HostType::kDate:
         if (null) {
           std::memcpy(dest, kEmptyTimestamp, sizeof kEmptyTimestamp);

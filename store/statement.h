@@ -18,7 +18,8 @@
 //   varchar(N)  at most N characters, trailing blanks dropped, host text
 //               prepare (a blank value goes in as one blank); read back by
 //               its length, at most the attribute's width - 1.
-//   number      a double; number(3) a 2-byte integer.
+//   number      a double; number(3) a 2-byte integer (a double in the
+//               record goes through that integer both ways).
 //   date        the 20-digit timestamp through timestamp to host; the
 //               database holds 'YYYY-MM-DD HH:MM:SS' (SQLite text,
 //               PostgreSQL timestamp(0)); it comes back through timestamp
@@ -111,9 +112,12 @@ constexpr HostColumn HostVarchar(const char* name, int width, Place p, std::uint
 constexpr HostColumn HostNumber(const char* name, Place p, std::uint8_t flags = 0) {
   return {name, HostType::kNumber, 0, internal::Checked(p, 0, sizeof(double)), flags, nullptr, 0};
 }
+// A number(3) bound as a 2-byte integer, held in the record either as that
+// integer or, as views hold every number, as a double.
 constexpr HostColumn HostSmall(const char* name, Place p, std::uint8_t flags = 0) {
-  return {name, HostType::kSmall, 0, internal::Checked(p, 0, sizeof(std::int16_t)), flags,
-          nullptr, 0};
+  return {name, HostType::kSmall, 0,
+          internal::Checked(p, 0, p.size == sizeof(double) ? sizeof(double) : sizeof(std::int16_t)),
+          flags, nullptr, 0};
 }
 constexpr HostColumn HostDate(const char* name, Place p, std::uint8_t flags = 0) {
   return {name, HostType::kDate, 0, internal::Checked(p, 0, 21), flags, nullptr, 0};

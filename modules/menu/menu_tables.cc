@@ -14,6 +14,7 @@
 #include "modules/menu/menu.h"
 #include "modules/menu/menu_units.h"
 #include "modules/menu/menu_views.h"
+#include "modules/permitted_value/permitted_value.h"
 #include "modules/project_station_role/project_station_role.h"
 
 namespace lk::menu {
@@ -34,6 +35,15 @@ constexpr FlowPair kSystemSend[] = {
 constexpr FlowPair kNothingBack[] = {{nullptr, nullptr}};
 template <const ViewNameRow& Target>
 constexpr FlowBinding kToList = {&kViews, &Target, kSystemSend, kNothingBack};
+// The permitted value list also takes the initial-add FLAG.
+constexpr FlowPair kPermittedValueSend[] = {
+    {"EXPORT.SYSTEM_VARIABLE.USER_ID_CODE", "EXPORT.SYSTEM_VARIABLE.USER_ID_CODE"},
+    {"EXPORT.SYSTEM_VARIABLE.CURRENT_ORG_ID", "EXPORT.SYSTEM_VARIABLE.CURRENT_ORG_ID"},
+    {"EXPORT_INITIAL_ADD.RUNTIME_SUPPLIED.FLAG", "EXPORT_INITIAL_ADD.RUNTIME_SUPPLIED.FLAG"},
+    {nullptr, nullptr},
+};
+constexpr FlowBinding kToPermittedValues = {&kViews, &permitted_value::kListViews,
+                                            kPermittedValueSend, kNothingBack};
 
 }  // namespace
 
@@ -84,7 +94,8 @@ const FlowRow kFlowRows[] = {
     LK_FLOW(0x108, 314, "RT36_FIPS_HUC_MAINT_LIST", "E", "$#CURR#$", kReturnsOnReturn, ""),
     LK_FLOW(0x109, 577, "RT42_LITHOLOGIC_UNIT_MAINT_LIST", "E", "$#CURR#$", kReturnsOnReturn, ""),
     LK_FLOW(0x10A, 187, "RT18_FIELD_GEAR_MAINTENANCE_LIST", "E", "$#CURR#$", kReturnsOnReturn, ""),
-    LK_FLOW(0x10B, 407, "RT2_PERMITTED_VALUE_MAINT_LIST", "E", "$#CURR#$", kReturnsOnReturn, "$#CURR#$"),
+    {Flow(0x10B), "L", 407, "RT2_PERMITTED_VALUE_MAINT_LIST", Send<kToPermittedValues>,
+     Receive<kToPermittedValues>, kReturnsOnReturn, "E", "$#CURR#$", "E", "$#CURR#$", 0},
     LK_FLOW(0x10C, 109, "RT57_CHAR_ALIAS_TYPE_MAINT", "E", "$#CURR#$", kReturnsOnReturn, ""),
     LK_FLOW(0x10D, 1008, "RT46_GEOLOGIC_UNIT_MAINT_LIST", "D", "", kReturnsOnCancel, ""),
     LK_FLOW(0x10E, 121, "RT55_PERSON_ROLE_MAINT_LIST", "E", "$#CURR#$", kReturnsOnReturn, ""),
