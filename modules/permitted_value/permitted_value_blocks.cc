@@ -32,9 +32,7 @@ constexpr auto& kKeyColumns = Columns::Pick<"TSMPRMVL_IS_NUMBER", "TSMPRMVL_ORG_
 constexpr auto& kChangeColumns =
     Columns::Pick<"TABLE_NAME", "FIELD_NAME", "SEQUENCE_NUMBER", "FIELD_VALUE",
                   "FIELD_DESCRIPTION", "D_USERID_CODE", "D_LAST_UPDATE_TIMESTAMP">;
-constexpr auto& kPairColumns = Columns::Pick<"TABLE_NAME", "FIELD_NAME">;
 constexpr auto& kValueColumns = Columns::Pick<"FIELD_VALUE", "FIELD_DESCRIPTION">;
-constexpr auto& kSequenceColumns = Columns::Pick<"SEQUENCE_NUMBER">;
 constexpr auto& kIsNumberColumns = Columns::Pick<"TSMPRMVL_IS_NUMBER">;
 
 // What a page cursor and a look-ahead bind: the run's organisation and a key.
@@ -56,6 +54,15 @@ constexpr HostColumn kNamesBind[] = {
     HostVarchar("FIELD_NAME", 20, LK_PLACE(NamesIn, FIELD_NAME)),
     HostVarchar("FIELD_VALUE", 40, LK_PLACE(NamesIn, FIELD_VALUE)),
     HostSmall("SEQUENCE_NUMBER", LK_PLACE(NamesIn, SEQUENCE_NUMBER)),
+};
+// What the reads by names fetch: the names, or the sequence number, into
+// the same record; and a key of a page.
+constexpr HostColumn kPairOut[] = {kNamesBind[0], kNamesBind[1]};
+constexpr HostColumn kSequenceOut[] = {kNamesBind[3]};
+constexpr HostColumn kKeyOut[] = {
+    HostChar("TABLE_NAME", 8, LK_PLACE(PvKeyRow, TABLE_NAME)),
+    HostVarchar("FIELD_NAME", 20, LK_PLACE(PvKeyRow, FIELD_NAME)),
+    HostSmall("SEQUENCE_NUMBER", LK_PLACE(PvKeyRow, SEQUENCE_NUMBER)),
 };
 struct OrgNamesBind {
   char CURRENT_ORG_ID[9];
@@ -173,39 +180,39 @@ static_assert(store::EndsWithLimit(kValues.text, kValueListRows));
 
 constexpr StatementDef kAnyOfTable = {
     "0000000001", 1, "SELECT TABLE_NAME, FIELD_NAME FROM TSMPRMVL WHERE TABLE_NAME = :TABLE_NAME",
-    kNamesBind, kPairColumns};
+    kNamesBind, kPairOut};
 constexpr StatementDef kAnyOfField = {
     "0000000001", 1,
     "SELECT TABLE_NAME, FIELD_NAME FROM TSMPRMVL WHERE TABLE_NAME = :TABLE_NAME "
     "AND FIELD_NAME = :FIELD_NAME",
-    kNamesBind, kPairColumns};
+    kNamesBind, kPairOut};
 constexpr StatementDef kSameValue = {
     "0000000001", 1,
     "SELECT TABLE_NAME, FIELD_NAME FROM TSMPRMVL WHERE TABLE_NAME = :TABLE_NAME "
     "AND FIELD_NAME = :FIELD_NAME AND FIELD_VALUE = :FIELD_VALUE",
-    kNamesBind, kPairColumns};
+    kNamesBind, kPairOut};
 constexpr StatementDef kSameSequence = {
     "0000000001", 1,
     "SELECT TABLE_NAME, FIELD_NAME FROM TSMPRMVL WHERE TABLE_NAME = :TABLE_NAME "
     "AND FIELD_NAME = :FIELD_NAME AND SEQUENCE_NUMBER = :SEQUENCE_NUMBER",
-    kNamesBind, kPairColumns};
+    kNamesBind, kPairOut};
 
 constexpr StatementDef kPairs = {
     "0000000001", 1,
     "SELECT DISTINCT TABLE_NAME, FIELD_NAME FROM TSMPRMVL "
     "WHERE TSMPRMVL_ORG_ID = :CURRENT_ORG_ID ORDER BY TABLE_NAME, FIELD_NAME",
-    kOrgNamesBind, kPairColumns};
+    kOrgNamesBind, kPairOut};
 
 constexpr StatementDef kOneOfField = {
     "0000000001", 1,
     "SELECT TABLE_NAME, FIELD_NAME, SEQUENCE_NUMBER FROM TSMPRMVL "
     "WHERE FIELD_NAME = :FIELD_NAME AND TABLE_NAME = :TABLE_NAME",
-    kNamesBind, Columns::Pick<"TABLE_NAME", "FIELD_NAME", "SEQUENCE_NUMBER">};
+    kNamesBind, kKeyOut};
 constexpr StatementDef kHighest = {
     "0000000002", 2,
     "SELECT SEQUENCE_NUMBER FROM TSMPRMVL WHERE TABLE_NAME = :TABLE_NAME "
     "AND FIELD_NAME = :FIELD_NAME ORDER BY SEQUENCE_NUMBER DESC LIMIT 1",
-    kNamesBind, kSequenceColumns};
+    kNamesBind, kSequenceOut};
 
 // ---- The row blocks ----
 
