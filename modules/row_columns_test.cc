@@ -1,7 +1,7 @@
 // The rows of the table modules against the schema: every column that a
 // module's row forms derive (patterns/row_columns.h) is a column of its
-// table, of the same type and width, and a whole row holds every column of
-// its table. A row that restates the schema wrongly fails here, not in a
+// table, of the same type, width and nullability, and a whole row holds
+// every column of its table. A row that restates the schema wrongly fails here, not in a
 // statement at run time.
 #include <set>
 #include <span>
@@ -10,6 +10,7 @@
 #include <gtest/gtest.h>
 
 #include "modules/lab_remark/lab_remark_views.h"
+#include "modules/permitted_value/permitted_value_views.h"
 #include "modules/project_station_role/project_station_role_views.h"
 #include "patterns/row_columns.h"
 #include "store/schema.h"
@@ -28,6 +29,8 @@ const TableRow kRows[] = {
     {"TSRLBRMK", patterns::RowColumns<lab_remark::RemarkForms>::kAll, true},
     {"TSRLBRMK", patterns::RowColumns<lab_remark::RemarkListForms>::kAll, false},
     {"TSMPSR", patterns::RowColumns<project_station_role::RoleForms>::kAll, true},
+    {"TSMPRMVL", patterns::RowColumns<permitted_value::PvForms>::kAll, true},
+    {"TSMPRMVL", patterns::RowColumns<permitted_value::PvTablesForms>::kAll, false},
 };
 
 bool SameType(const store::HostColumn& host, const store::Column& column) {
@@ -59,6 +62,8 @@ TEST(RowColumnsTest, EveryRowAgreesWithItsTable) {
       ASSERT_NE(nullptr, column) << "no such column";
       EXPECT_TRUE(SameType(host, *column)) << "width " << host.width << " against "
                                            << column->width;
+      // A column that may be NULL is read with an indicator.
+      EXPECT_EQ(column->nullable, (host.flags & store::kNullable) != 0);
       held.insert(host.name);
     }
     if (row.whole) {
