@@ -291,6 +291,20 @@ TEST_P(PermittedValueTest, PrevReadsTheRowsOfEveryOrganisation) {
   EXPECT_EQ("PN", Paging());
 }
 
+TEST_P(PermittedValueTest, TheLookAheadBindsTheOrganisationInItsFirstBranchOnly) {
+  SeedMany(2000);
+  // A row of another organisation after the run's last one: the look-ahead
+  // meets it, so NEXT is enabled, and the next page holds the boundary row
+  // alone.
+  Seed(9001, "TSRZ", "FLD", 1, "THEIRS", "OTHER");
+  OpenList();
+  ASSERT_EQ(2000u, Shown().size());
+  EXPECT_EQ("-N", Paging());
+  Ok(Click(kList, "Next"));
+  EXPECT_EQ(std::vector<std::string>({"TSRAAAAA/F2000/1/V2000"}), Shown());
+  EXPECT_EQ("P-", Paging());
+}
+
 TEST_P(PermittedValueTest, AClickSelectsAndASecondClickLetsGo) {
   SeedMany(2100);
   OpenList();
