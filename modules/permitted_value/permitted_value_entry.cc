@@ -26,6 +26,7 @@
 #include "frame/run_context.h"
 #include "frame/transport/plan.h"
 #include "frame/unit.h"
+#include "patterns/event_action.h"
 #include "modules/permitted_value/permitted_value.h"
 #include "modules/permitted_value/permitted_value_blocks.h"
 #include "modules/permitted_value/permitted_value_units.h"
@@ -59,8 +60,6 @@ constexpr UnitId kCategoryId = {"0017503013", "RT3D_NEW_ACTY_CAT_PBM_ACCEPT_CLK"
 constexpr UnitId kSequenceId = {"0017503014", "RT3E_NEW_SEQ_NUM_PBM_ACCEPT_CLK"};
 constexpr UnitId kReportId = {"0017503015", "RT3F_MULTIRW_ERR_PBM_ACCEPT_CLK"};
 
-constexpr char kStatement1[] = "0000000001";
-
 UnitStorage body_unit, accept_unit, cancel_unit, blivot_unit, names_click_unit,
     names_double_click_unit, names_select_unit, names_cancel_unit, table_yes_unit, table_no_unit,
     field_yes_unit, field_no_unit, category_unit, sequence_unit, report_unit;
@@ -70,11 +69,8 @@ bool Same(const char* value, const char* literal) { return TextCompare(value, li
 template <typename Step>
 void Action(UnitStorage* unit, const UnitId& id, HandleA a, HandleB b, RunContext* rc,
             void* import_view, void* export_view, Step&& step) {
-  EnterEventAction(unit, &EntryDictionary::kShape, id, a, b, rc, import_view, export_view, [&] {
-    rc->statement = kStatement1;
-    SetExit(rc, EXIT_NONE, nullptr, 'N');
-    step(static_cast<const EntryImport*>(import_view), static_cast<EntryExport*>(export_view));
-  });
+  patterns::RunEventAction<EntryImport, EntryExport>(unit, EntryDictionary::kShape, id, a, b,
+                                                     rc, import_view, export_view, step);
 }
 
 void Mark(char* display, const char* code) { std::memcpy(display, code, kDisplayWidth); }
@@ -399,13 +395,8 @@ void WriteAfterWarning(HandleA a, HandleB b, RunContext* rc, const UnitId& own, 
 
 void RT3_PERMITTED_VALUE_DATA_ENTRY(HandleA a, HandleB b, RunContext* rc, void* import_view,
                                     void* export_view) {
-  EnterProcedure(&body_unit, &EntryDictionary::kShape, /*load_only_test=*/true, a, b, rc,
-                 import_view, export_view, [&] {
-    StoreUnitId(rc, kBodyId);
-    rc->statement = kStatement1;
-    SetExit(rc, EXIT_NONE, nullptr, 'N');
-    ImportToExportBy(kEntryViews, import_view, export_view);
-    EntryExport* e = static_cast<EntryExport*>(export_view);
+  patterns::RunBody<EntryExport>(&body_unit, EntryDictionary::kShape, kBodyId, kEntryViews, a, b,
+                                 rc, import_view, export_view, [&](EntryExport* e) {
     if (Same(rc->command, "CANCEL")) {
       Done(rc);
       return;

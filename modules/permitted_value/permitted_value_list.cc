@@ -26,6 +26,7 @@
 #include "frame/run_context.h"
 #include "frame/transport/plan.h"
 #include "frame/unit.h"
+#include "patterns/event_action.h"
 #include "modules/permitted_value/permitted_value.h"
 #include "modules/permitted_value/permitted_value_blocks.h"
 #include "modules/permitted_value/permitted_value_units.h"
@@ -54,8 +55,6 @@ constexpr UnitId kConfirmId = {"0017502009", "DELETE_CONFIRM_DELETE_PB_CLICK"};
 constexpr UnitId kCancelId = {"0017502010", "DELETE_CONFIRM_CANCEL_PB_CLICK"};
 constexpr UnitId kCompanionId = {"0017502011", "RT2_ACTIVITY_CAT_PB_ACCEPT_CLICK"};
 
-constexpr char kStatement1[] = "0000000001";
-
 UnitStorage body_unit, click_unit, double_click_unit, prev_unit, next_unit, change_unit,
     delete_unit, close_unit, confirm_unit, cancel_unit, companion_unit;
 
@@ -64,11 +63,8 @@ bool Same(const char* value, const char* literal) { return TextCompare(value, li
 template <typename Step>
 void Action(UnitStorage* unit, const UnitId& id, HandleA a, HandleB b, RunContext* rc,
             void* import_view, void* export_view, Step&& step) {
-  EnterEventAction(unit, &ListDictionary::kShape, id, a, b, rc, import_view, export_view, [&] {
-    rc->statement = kStatement1;
-    SetExit(rc, EXIT_NONE, nullptr, 'N');
-    step(static_cast<const ListImport*>(import_view), static_cast<ListExport*>(export_view));
-  });
+  patterns::RunEventAction<ListImport, ListExport>(unit, ListDictionary::kShape, id, a, b, rc,
+                                                   import_view, export_view, step);
 }
 
 void EnableByFlag(HandleA a, HandleB b, const FlagShown& flag, const char* keyword) {
@@ -293,13 +289,8 @@ void BeginChange(RunContext* rc, ListExport* out, int s) {
 
 void RT2_PERMITTED_VALUE_MAINT_LIST(HandleA a, HandleB b, RunContext* rc, void* import_view,
                                     void* export_view) {
-  EnterProcedure(&body_unit, &ListDictionary::kShape, /*load_only_test=*/true, a, b, rc,
-                 import_view, export_view, [&] {
-    StoreUnitId(rc, kBodyId);
-    rc->statement = kStatement1;
-    SetExit(rc, EXIT_NONE, nullptr, 'N');
-    ImportToExportBy(kListViews, import_view, export_view);
-    ListExport* out = static_cast<ListExport*>(export_view);
+  patterns::RunBody<ListExport>(&body_unit, ListDictionary::kShape, kBodyId, kListViews, a, b, rc,
+                                import_view, export_view, [&](ListExport* out) {
     const char* flag = out->RUNTIME_SUPPLIED.FLAG.value;
     const bool cancel = Same(rc->command, "CANCEL");
     if (cancel || Same(rc->command, "MULTISEL")) {

@@ -9,6 +9,7 @@
 #include "frame/run_context.h"
 #include "frame/transport/plan.h"
 #include "frame/unit.h"
+#include "patterns/event_action.h"
 #include "modules/permitted_value/permitted_value.h"
 #include "modules/permitted_value/permitted_value_units.h"
 #include "services/row_state.h"
@@ -22,19 +23,13 @@ constexpr UnitId kBodyId = {"0017554001", "RT54_MULTIPLE_TABLE_SELECTION"};
 constexpr UnitId kSelectId = {"0017554002", "RT2A_MULTIPLE_TA_PB_SELECT_CLICK"};
 constexpr UnitId kCancelId = {"0017554003", "RT2A_MULTIPLE_TA_PB_CANCEL_CLICK"};
 
-constexpr char kStatement1[] = "0000000001";
-
 UnitStorage body_unit, select_unit, cancel_unit;
 
 template <typename Step>
 void Action(UnitStorage* unit, const UnitId& id, HandleA a, HandleB b, RunContext* rc,
             void* import_view, void* export_view, Step&& step) {
-  EnterEventAction(unit, &SelectionDictionary::kShape, id, a, b, rc, import_view, export_view,
-                   [&] {
-                     rc->statement = kStatement1;
-                     SetExit(rc, EXIT_NONE, nullptr, 'N');
-                     step(static_cast<SelectionExport*>(export_view));
-                   });
+  patterns::RunEventAction<SelectionImport, SelectionExport>(
+      unit, SelectionDictionary::kShape, id, a, b, rc, import_view, export_view, step);
 }
 
 }  // namespace
@@ -43,18 +38,14 @@ void Action(UnitStorage* unit, const UnitId& id, HandleA a, HandleB b, RunContex
 // group's rows stop at its 5.
 void RT54_MULTIPLE_TABLE_SELECTION(HandleA a, HandleB b, RunContext* rc, void* import_view,
                                    void* export_view) {
-  EnterProcedure(&body_unit, &SelectionDictionary::kShape, /*load_only_test=*/true, a, b, rc,
-                 import_view, export_view, [&] {
-    StoreUnitId(rc, kBodyId);
-    rc->statement = kStatement1;
-    SetExit(rc, EXIT_NONE, nullptr, 'N');
-    ImportToExportBy(kSelectionViews, import_view, export_view);
-  });
+  patterns::RunBody<SelectionExport>(&body_unit, SelectionDictionary::kShape, kBodyId,
+                                     kSelectionViews, a, b, rc, import_view, export_view,
+                                     [](SelectionExport*) {});
 }
 
 void RT2A_MULTIPLE_TA_PB_SELECT_CLICK(HandleA a, HandleB b, RunContext* rc, void* import_view,
                                       void* export_view) {
-  Action(&select_unit, kSelectId, a, b, rc, import_view, export_view, [&](SelectionExport* e) {
+  Action(&select_unit, kSelectId, a, b, rc, import_view, export_view, [&](const SelectionImport*, SelectionExport* e) {
     TablesExport& tables = e->GP_EXPORT_TABLES;
     const int count = tables.rows.count < kTableRows ? tables.rows.count : kTableRows;
     // The walk: from each position the next highlighted row is sought and
@@ -75,7 +66,7 @@ void RT2A_MULTIPLE_TA_PB_SELECT_CLICK(HandleA a, HandleB b, RunContext* rc, void
 
 void RT2A_MULTIPLE_TA_PB_CANCEL_CLICK(HandleA a, HandleB b, RunContext* rc, void* import_view,
                                       void* export_view) {
-  Action(&cancel_unit, kCancelId, a, b, rc, import_view, export_view, [&](SelectionExport*) {
+  Action(&cancel_unit, kCancelId, a, b, rc, import_view, export_view, [&](const SelectionImport*, SelectionExport*) {
     SetCommand(rc, "CANCEL");
     SetExit(rc, EXIT_RETURN, nullptr, 'N');
   });
