@@ -118,22 +118,28 @@ static_assert(store::EndsWithLimit(kPageOn.text, kListRows) &&
                   store::EndsWithLimit(kPageBack.text, kListRows) &&
                   store::EndsWithLimit(kPageTop.text, kListRows),
               "a page read stops at the group's maximum");
-// The look-aheads: one row beyond a key; the organisation only in the
-// first branch.
-constexpr StatementDef kRowAfter = {
-    "0000000005", 5,
-    "SELECT TSMPRMVL_IS_NUMBER FROM TSMPRMVL WHERE (TSMPRMVL_ORG_ID = :CURRENT_ORG_ID "
-    "AND TABLE_NAME = :TABLE_NAME AND FIELD_NAME = :FIELD_NAME "
-    "AND SEQUENCE_NUMBER > :SEQUENCE_NUMBER) "
-    "OR (TABLE_NAME = :TABLE_NAME AND FIELD_NAME > :FIELD_NAME) OR TABLE_NAME > :TABLE_NAME",
-    kKeyBind, kIsNumberColumns};
-constexpr StatementDef kRowBefore = {
-    "0000000006", 6,
-    "SELECT TSMPRMVL_IS_NUMBER FROM TSMPRMVL WHERE (TSMPRMVL_ORG_ID = :CURRENT_ORG_ID "
-    "AND TABLE_NAME = :TABLE_NAME AND FIELD_NAME = :FIELD_NAME "
-    "AND SEQUENCE_NUMBER < :SEQUENCE_NUMBER) "
-    "OR (TABLE_NAME = :TABLE_NAME AND FIELD_NAME < :FIELD_NAME) OR TABLE_NAME < :TABLE_NAME",
-    kKeyBind, kIsNumberColumns};
+// The look-aheads: one row beyond a key, (the organisation, the key's table
+// and field, a sequence number beyond it) or (the key's table, a field
+// beyond it) or a table beyond it; the organisation only in the first
+// branch. Each branch is a statement of its own that stops at its first row
+// on an index, asked in turn until one finds a row.
+#define LK_PV_BEYOND(number, site, same_field, same_table, other_table)                 \
+  {{number "1", site * 10 + 1,                                                          \
+    "SELECT TSMPRMVL_IS_NUMBER FROM TSMPRMVL WHERE TSMPRMVL_ORG_ID = :CURRENT_ORG_ID "  \
+    "AND TABLE_NAME = :TABLE_NAME AND FIELD_NAME = :FIELD_NAME "                        \
+    "AND SEQUENCE_NUMBER " same_field " :SEQUENCE_NUMBER LIMIT 1",                      \
+    kKeyBind, kIsNumberColumns},                                                         \
+   {number "2", site * 10 + 2,                                                          \
+    "SELECT TSMPRMVL_IS_NUMBER FROM TSMPRMVL WHERE TABLE_NAME = :TABLE_NAME "           \
+    "AND FIELD_NAME " same_table " :FIELD_NAME LIMIT 1",                                \
+    kKeyBind, kIsNumberColumns},                                                         \
+   {number "3", site * 10 + 3,                                                          \
+    "SELECT TSMPRMVL_IS_NUMBER FROM TSMPRMVL WHERE TABLE_NAME " other_table             \
+    " :TABLE_NAME LIMIT 1",                                                             \
+    kKeyBind, kIsNumberColumns}}
+constexpr StatementDef kRowAfter[] = LK_PV_BEYOND("000000005", 5, ">", ">", ">");
+constexpr StatementDef kRowBefore[] = LK_PV_BEYOND("000000006", 6, "<", "<", "<");
+#undef LK_PV_BEYOND
 
 // ---- Reads by names ----
 
@@ -279,11 +285,13 @@ store::CascadeRecord remove_record;
 bool LookAhead(store::Block& block, const char* org_id, const PvKeyRow& key, bool after) {
   KeyBind bind{};
   BindKey(org_id, key, &bind);
-  char is_number[8] = {};
-  store::ResetEntity(&look_state);
-  store::SelectOne(block, after ? kRowAfter : kRowBefore, &look_state, &bind, is_number);
-  if (store::StateIs(look_state.status, "OK")) return true;
-  if (!store::StateIs(look_state.status, "NF")) store::FailOnStatus(block, look_state);
+  for (const StatementDef& branch : after ? kRowAfter : kRowBefore) {
+    char is_number[8] = {};
+    store::ResetEntity(&look_state);
+    store::SelectOne(block, branch, &look_state, &bind, is_number);
+    if (store::StateIs(look_state.status, "OK")) return true;
+    if (!store::StateIs(look_state.status, "NF")) store::FailOnStatus(block, look_state);
+  }
   return false;
 }
 
