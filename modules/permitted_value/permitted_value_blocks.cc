@@ -265,7 +265,7 @@ store::Cursor list_cursor, common_cursor, values_cursor, pairs_cursor, sequence_
 KeyBind list_bind;
 PvRow list_row, read_row, remove_row;
 PvTablesRow common_row;
-NamesIn pair_row;
+PvRow pair_row;  // the pair columns are placed as in the whole row
 store::CascadeRecord remove_record;
 
 // Whether a row lies beyond `key`, after it (`after`) or before it.
@@ -444,7 +444,7 @@ void Exists(UnitStorage* unit, const UnitId& id, HandleA a, HandleB b, RunContex
             u32 missing) {
   store::RunActionBlock(unit, id, a, b, rc, {}, [&](store::Block& block) {
     store::ResetEntity(&exists_state);
-    NamesIn row{};
+    PvRow row{};  // the pair columns are placed as in the whole row
     store::SelectOne(block, statement, &exists_state, in, &row);
     if (store::StateIs(exists_state.status, "OK")) {
       if (found != 0) SetExit(rc, found, found_text, 'N');
@@ -511,14 +511,15 @@ void DETERM_NEXT_PERM_VALUE_SEQ_NUMB(HandleA a, HandleB b, RunContext* rc, const
     TextMove(result->TABLE_NAME, in->TABLE_NAME, sizeof result->TABLE_NAME);
     BoundedCopy(result->FIELD_NAME, in->FIELD_NAME, sizeof result->FIELD_NAME);
     PutNumber(result->SEQUENCE_NUMBER, 0);
-    PvKeyRow one{};
+    // The columns are placed as in the whole row: read into one.
+    PvRow one{};
     store::SelectOne(block, kOneOfField, &sequence_state, in, &one);
     if (store::StateIs(sequence_state.status, "OK")) {
-      *result = one;
+      KeyOf(one, result);
     } else if (!store::StateIs(sequence_state.status, "NF")) {
       store::FailOnStatus(block, sequence_state);
     }
-    NamesIn highest{};
+    PvRow highest{};
     store::ResetEntity(&sequence_state);
     store::ReadList(block, &sequence_cursor, kHighest, &sequence_state, in, &highest,
                     [] { return false; });
