@@ -200,15 +200,17 @@ inline constexpr ControlDecl kDeleteControls[] = {
 inline constexpr WindowDecl kDeleteWindow =
     DeclareWindow(kListProcedureId, 437, "DD", kRt2aName, kListViews, kDeleteControls);
 
-// ---- RT2B: the companion row, group row 1; Accept its only way out ----
+// ---- RT2B: the companion row; Accept its only way out ----
+// The companion is group row 1 of GP_EXPORT_TABLES and, as it was read,
+// EXPORT_FIND; a field shows no group column, so the fields show EXPORT_FIND.
 
 inline constexpr ControlDecl kCompanionControls[] = {
     Field(456, "TABLE_NAME1", &kShownField<kTableNameType>, 453,
-          "GP_EXPORT_TABLES.PERMITTED_VALUE.TABLE_NAME"),
+          "EXPORT_FIND.PERMITTED_VALUE.TABLE_NAME"),
     Field(457, "FIELD_NAME1", &kShownField<kFieldNameType>, 454,
-          "GP_EXPORT_TABLES.PERMITTED_VALUE.FIELD_NAME"),
+          "EXPORT_FIND.PERMITTED_VALUE.FIELD_NAME"),
     Field(458, "FIELD_VALUE1", &kShownField<kFieldValueType>, 455,
-          "GP_EXPORT_TABLES.PERMITTED_VALUE.FIELD_VALUE"),
+          "EXPORT_FIND.PERMITTED_VALUE.FIELD_VALUE"),
     Button(459, "Button1", Click(RT2_ACTIVITY_CAT_PB_ACCEPT_CLICK)),
 };
 inline constexpr WindowDecl kCompanionWindow =
