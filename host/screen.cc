@@ -158,6 +158,9 @@ nlohmann::json WindowJson(const OpenWindow& window, const ModuleImage& module,
         label = l->text;
         listed.insert(l->id);
       }
+    } else if (f.tag == lk::kTagCheck && r != nullptr) {
+      // A check box without a static of its own is labelled by its own text.
+      label = r->text;
     }
     c["label"] = lk::Cp1252ToUtf8(label);
     c["attribute"] = f.attribute.empty() ? nlohmann::json(nullptr) : nlohmann::json(f.attribute);

@@ -1,7 +1,8 @@
 // The SCREEN of liblkbase.so's windows as the host builds it: the texts of a
 // window go out exactly as its dialog template has them, trailing blanks
 // included. Driven through a session on an empty SQLite database, from the
-// menu to the lab remark list RT50 and its data entry window RT51.
+// menu to the lab remark list RT50 and its data entry window RT51, and to
+// the permitted value dialog RT3D with its check boxes.
 #include <unistd.h>
 
 #include <cstdlib>
@@ -107,6 +108,48 @@ TEST_F(ScreenTextTest, FieldLabelsKeepTheirTrailingBlank) {
   EXPECT_EQ("Description ", Find(w, "attribute", "DESCRIPTION_TEXT")["label"]);
   EXPECT_EQ("Short Name", Find(w, "attribute", "SHORT_NAME")["label"]);
   EXPECT_EQ("Accep&t", Find(w, "id", 1003)["label"]);
+}
+
+TEST_F(ScreenTextTest, CheckBoxesWithoutAStaticShowTheirOwnText) {
+  Click(kMenu, "Permitted &Value");
+  // The first row of a table and field is written after the warning that
+  // the names are new; the second opens RT3D, whose check boxes have no
+  // static of their own.
+  const json first = {{"TABLE_NAME", "TSRFDACT"},
+                      {"FIELD_NAME", "CATEGORY_TYPE_NAME"},
+                      {"FIELD_VALUE", "First"},
+                      {"SEQUENCE_NUMBER", "1"}};
+  json second = first;
+  second["FIELD_VALUE"] = "Second";
+  second["SEQUENCE_NUMBER"] = "2";
+  Click("RT2_PERMITTED_VALUE_MAINT_LIST", "&Add");
+  Reply r = session_->Event({{"window", "RT3_PERMITTED_VALUE_DATA_ENTRY"},
+                             {"control", "Accep&t"},
+                             {"event", "Click"},
+                             {"values", first}});
+  ASSERT_EQ(200, r.status) << r.body.dump();
+  Click("RT3B_TABLE_NAME_WARNING", "&Yes");
+  const json list = Top("RT2_PERMITTED_VALUE_MAINT_LIST");
+  const json lb = Find(list, "type", "list");
+  ASSERT_TRUE(lb.is_object());
+  ASSERT_EQ(1u, lb["rows"].size());
+  // The new row stands selected; a click on it lets it go and offers Add.
+  ASSERT_EQ(true, lb["rows"][0]["selected"]);
+  r = session_->Event({{"window", "RT2_PERMITTED_VALUE_MAINT_LIST"},
+                       {"control", lb["id"]},
+                       {"event", "Click"},
+                       {"row", 1}});
+  ASSERT_EQ(200, r.status) << r.body.dump();
+  Click("RT2_PERMITTED_VALUE_MAINT_LIST", "&Add");
+  r = session_->Event({{"window", "RT3_PERMITTED_VALUE_DATA_ENTRY"},
+                       {"control", "Accep&t"},
+                       {"event", "Click"},
+                       {"values", second}});
+  ASSERT_EQ(200, r.status) << r.body.dump();
+  const json w = Top("RT3D_NEW_ACTIVITY_CATEGORY");
+  EXPECT_EQ("Measurement/Observation", Find(w, "name", "FLAG1")["label"]);
+  EXPECT_EQ("Sample", Find(w, "name", "FLAG2")["label"]);
+  EXPECT_EQ("check", Find(w, "name", "FLAG2")["type"]);
 }
 
 }  // namespace

@@ -659,6 +659,9 @@ Reply Session::Event(const nlohmann::json& event) {
   }
   int row = 0;
   std::vector<int> rows;
+  // "rows" given, even empty, is the whole highlight of a multiple-selection
+  // list: an empty array takes every highlight off.
+  const bool has_rows = event.contains("rows");
   if (event.contains("row")) {
     if (!event["row"].is_number_integer()) return Refuse(400, "row must be a number");
     row = event["row"].get<int>();
@@ -676,7 +679,7 @@ Reply Session::Event(const nlohmann::json& event) {
     if (!lk::Utf8ToCp1252(event["key"].get<std::string>(), &key_text, &why))
       return Refuse(400, "key: " + why);
   }
-  if ((row != 0 || !rows.empty())) {
+  if (row != 0 || has_rows) {
     if (field < 0 || !IsList(window->fields()[field].tag))
       return Refuse(400, "row and rows belong to a list");
     const Field& f = window->fields()[field];
@@ -717,7 +720,7 @@ Reply Session::Event(const nlohmann::json& event) {
   if (kind == "Changed" && field >= 0 &&
       std::find(changed.begin(), changed.end(), field) == changed.end())
     changed.push_back(field);
-  if (!rows.empty()) {
+  if (has_rows) {
     window->SelectRows(field, rows);
   } else if (row != 0) {
     window->SelectRow(field, row);

@@ -226,6 +226,31 @@ TEST_F(SessionTest, EnableRuleFollowsTheListSelection) {
   EXPECT_EQ("R3", rows[1]["cells"][0]);
 }
 
+TEST_F(SessionTest, RowsAreTheWholeHighlightAndAnEmptyOneTakesItOff) {
+  nlohmann::json click = {{"window", "TM1_FORM"}, {"control", "ListBox1"}, {"event", "Click"},
+                          {"rows", {1, 3}}};
+  ASSERT_EQ(200, session_->Event(click).status);
+  nlohmann::json rows = Control("ListBox1")["rows"];
+  EXPECT_EQ(true, rows[0]["selected"]);
+  EXPECT_EQ(false, rows[1]["selected"]);
+  EXPECT_EQ(true, rows[2]["selected"]);
+  EXPECT_EQ(true, Control("Button5")["enabled"]);
+  // One row let go: the rest stay highlighted.
+  click["rows"] = {3};
+  ASSERT_EQ(200, session_->Event(click).status);
+  rows = Control("ListBox1")["rows"];
+  EXPECT_EQ(false, rows[0]["selected"]);
+  EXPECT_EQ(true, rows[2]["selected"]);
+  // The last one let go: nothing is highlighted, and the rule sees it.
+  click["rows"] = nlohmann::json::array();
+  ASSERT_EQ(200, session_->Event(click).status);
+  for (const auto& r : Control("ListBox1")["rows"]) EXPECT_EQ(false, r["selected"]);
+  EXPECT_EQ(false, Control("Button5")["enabled"]);
+  // Rows belong to a list, empty or not.
+  EXPECT_EQ(400, session_->Event({{"window", "TM1_FORM"}, {"control", "&Go"}, {"event", "Click"},
+                                  {"rows", nlohmann::json::array()}}).status);
+}
+
 TEST_F(SessionTest, ControlDisableActsOnTopOfTheRules) {
   ASSERT_EQ(200, Send("TM1_FORM", "&Off").status);
   EXPECT_EQ(false, Control("Button1")["enabled"]);

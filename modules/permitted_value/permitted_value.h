@@ -146,10 +146,10 @@ inline constexpr u32 kRowSize = kColumn4 + kFieldValue;
 inline constexpr ListColumnRow kListColumns[] = {
     {(7u << 16) | 9u, (7u << 16) | 48u, 50, 'L', kColumn1, kColumn1 + kTableName, kTableNameType,
      0, 411, {0, 0}},
-    {(7u << 16) | 52u, (7u << 16) | 140u, 142, 'L', kColumn2, kColumn2 + kFieldName,
+    {(7u << 16) | 52u, (7u << 16) | 150u, 152, 'L', kColumn2, kColumn2 + kFieldName,
      kFieldNameType, 0, 412, {0, 0}},
-    {(7u << 16) | 144u, (7u << 16) | 170u, 172, 'L', kColumn3, kColumn3 + kSequence, kSequenceType, 0,
-     413, {0, 0}},
+    {(7u << 16) | 154u, (7u << 16) | 170u, 172, 'L', kColumn3, kColumn3 + kSequence,
+     kSequenceType, 0, 413, {0, 0}},
     {(7u << 16) | 176u, (7u << 16) | 340u, 342, 'L', kColumn4, kRowSize, kFieldValueType, 0, 414,
      {0, 0}},
     {},

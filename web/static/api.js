@@ -12,7 +12,7 @@
  *   x: number, y: number, w: number, h: number,
  *   enabled: boolean, value: string|null, display: string|null,
  *   focus: boolean, error: boolean, protected: boolean,
- *   default?: boolean, align?: string,
+ *   default?: boolean, align?: string, multiple?: boolean,
  *   options?: Option[], columns?: Column[], rows?: ListRow[]
  * }} Control
  * @typedef {{

@@ -8,6 +8,15 @@
 // made, even one that leaves the text as it was. While an answer is on its
 // way the user may go on typing: a field edited since its value was sent
 // keeps what the user typed when the answer is drawn.
+//
+// A multiple-selection list has no single selected row: a click (or Space
+// on its caret row) toggles one row's highlight, Shift+click highlights the
+// rows from the last toggled one to the one clicked. Each such change goes to
+// the host as a Click on the list with every highlighted row in `rows`, as a
+// person's click would raise it; the host keeps the highlight, and the
+// list's enable rules and the next event's units read it from there. The
+// highlight is worked out when the click's turn in the queue comes, from the
+// screen the clicks before it left, so quick clicks add up.
 
 import { Api, ApiError } from './api.js';
 import {
@@ -17,6 +26,7 @@ import {
   controlElement,
   controlOf,
   focusControl,
+  setCaret,
 } from './render.js';
 import { keyAction, cancelButton, isCancelLabel } from './keys.js';
 
@@ -218,9 +228,11 @@ async function flush(win) {
  * @param {string} win
  * @param {number} id
  * @param {string} event
- * @param {number} [row]
+ * @param {{row?: number, rows?: () => number[]}} [list] the row clicked in a
+ *   list; or, for a multiple-selection list, what its highlighted rows are
+ *   to be, asked for when the event's turn comes
  */
-function act(win, id, event, row) {
+function act(win, id, event, list = {}) {
   const at = epoch;
   const control = findControl(win, id);
   const leaving = !!control && isCancelLabel(control.label);
@@ -245,9 +257,81 @@ function act(win, id, event, row) {
     }
     /** @type {UiEvent} */
     const ev = { window: win, control: id, event, values };
-    if (row !== undefined) ev.row = row;
+    if (list.row !== undefined) ev.row = list.row;
+    if (list.rows) ev.rows = list.rows();
     await post(ev);
   });
+}
+
+/**
+ * The rows highlighted in a list as the host last drew it, in list order.
+ * @param {string} win
+ * @param {number} id
+ * @returns {number[]}
+ */
+function highlighted(win, id) {
+  return (findControl(win, id)?.rows ?? []).filter((r) => r.selected).map((r) => r.row);
+}
+
+/**
+ * The highlight of a multiple-selection list with one row toggled.
+ * @param {string} win
+ * @param {number} id
+ * @param {number} row
+ * @returns {number[]}
+ */
+function toggled(win, id, row) {
+  const now = highlighted(win, id);
+  return now.includes(row) ? now.filter((r) => r !== row) : inListOrder(win, id, [...now, row]);
+}
+
+/**
+ * The highlight of a multiple-selection list with every row from `from` to
+ * `to` (in list order, either way round) added to it.
+ * @param {string} win
+ * @param {number} id
+ * @param {number} from
+ * @param {number} to
+ * @returns {number[]}
+ */
+function extended(win, id, from, to) {
+  const shown = (findControl(win, id)?.rows ?? []).map((r) => r.row);
+  let a = shown.indexOf(from);
+  const b = shown.indexOf(to);
+  if (a < 0) a = b;
+  const span = shown.slice(Math.min(a, b), Math.max(a, b) + 1);
+  return inListOrder(win, id, [...highlighted(win, id), ...span]);
+}
+
+/**
+ * @param {string} win
+ * @param {number} id
+ * @param {number[]} rows
+ * @returns {number[]}
+ */
+function inListOrder(win, id, rows) {
+  const wanted = new Set(rows);
+  return (findControl(win, id)?.rows ?? []).map((r) => r.row).filter((r) => wanted.has(r));
+}
+
+/**
+ * A click on a row of a multiple-selection list, or Space on its caret row:
+ * the caret moves there at once, and the new highlight goes to the host.
+ * Shift extends from the row last toggled (the anchor) instead.
+ * @param {{win: string, id: number, el: HTMLElement}} hit the list
+ * @param {Control} c
+ * @param {number} row
+ * @param {boolean} extend
+ */
+function toggleRow(hit, c, row, extend) {
+  const anchor = Number(hit.el.dataset.anchor);
+  setCaret(hit.el, c, row);
+  if (extend && Number.isFinite(anchor)) {
+    act(hit.win, hit.id, 'Click', { rows: () => extended(hit.win, hit.id, anchor, row) });
+    return;
+  }
+  hit.el.dataset.anchor = String(row);
+  act(hit.win, hit.id, 'Click', { rows: () => toggled(hit.win, hit.id, row) });
 }
 
 /**
@@ -617,8 +701,25 @@ desktop.addEventListener('mousedown', (e) => {
   const rowEl = /** @type {HTMLElement|null} */ (target.closest('.list-row'));
   if (!rowEl) return;
   const row = Number(rowEl.dataset.row);
-  if (e.detail <= 1) act(hit.win, hit.id, 'Click', row);
-  else if (e.detail === 2) act(hit.win, hit.id, 'DoubleClick', row);
+  if (c.multiple) {
+    // The second press of a double click leaves the highlight as the first
+    // left it; the DoubleClick carries it.
+    if (e.detail <= 1) toggleRow(hit, c, row, e.shiftKey);
+    else if (e.detail === 2) act(hit.win, hit.id, 'DoubleClick', { rows: () => highlighted(hit.win, hit.id) });
+    return;
+  }
+  if (e.detail <= 1) act(hit.win, hit.id, 'Click', { row });
+  else if (e.detail === 2) act(hit.win, hit.id, 'DoubleClick', { row });
+});
+
+// A click in a list gives the cursor to the list, not to its scrolling body
+// (which the mouse could otherwise focus): the list is what the keys and the
+// look of its selection answer to.
+desktop.addEventListener('focusin', (e) => {
+  const target = /** @type {Element} */ (e.target);
+  if (!target.classList?.contains('list-body')) return;
+  const listEl = /** @type {HTMLElement|null} */ (target.closest('.ctl-list'));
+  listEl?.focus({ preventScroll: true });
 });
 
 desktop.addEventListener('input', (e) => {
@@ -668,8 +769,14 @@ document.addEventListener('keydown', (e) => {
   } else if ('focus' in action) {
     const el = controlElement(desktop, w.name, action.focus.id);
     if (el) focusControl(el);
+  } else if ('caret' in action) {
+    const el = controlElement(desktop, w.name, action.caret.id);
+    if (el) setCaret(el, action.caret, action.to);
+  } else if ('toggle' in action) {
+    const el = controlElement(desktop, w.name, action.toggle.id);
+    if (el) toggleRow({ win: w.name, id: action.toggle.id, el }, action.toggle, action.row, e.shiftKey);
   } else {
-    act(w.name, action.row.id, 'Click', action.to);
+    act(w.name, action.row.id, 'Click', { row: action.to });
   }
 });
 

@@ -1,7 +1,9 @@
 // The keyboard of a desktop dialog: Alt+letter for the control whose label
 // carries "&letter", Enter for the default button, Esc for the window's
-// Cancel or Close button, arrow keys inside a list. This module only decides
-// what a key means for the top window; app.js carries it out.
+// Cancel or Close button, arrow keys inside a list; in a multiple-selection
+// list the arrow keys move a caret and Space toggles the caret row's
+// highlight. This module only decides what a key means for the top window;
+// app.js carries it out.
 
 /** @typedef {import('./api.js').Control} Control */
 /** @typedef {import('./api.js').Win} Win */
@@ -117,16 +119,70 @@ function letterOf(e) {
 }
 
 /**
+ * The caret row of a multiple-selection list: `stored` where the list still
+ * shows that row, else its first highlighted row, else its first row; null
+ * for an empty list.
+ * @param {{row: number, selected: boolean}[]} rows the rows shown, in list order
+ * @param {number} stored the row the caret was last put on (NaN for none)
+ * @returns {number|null}
+ */
+export function caretOf(rows, stored) {
+  if (rows.some((r) => r.row === stored)) return stored;
+  return (rows.find((r) => r.selected) ?? rows[0])?.row ?? null;
+}
+
+/**
+ * A key in a multiple-selection list: Up, Down, Home, End, Page Up and Page
+ * Down move the caret without touching the highlight; Space toggles the
+ * caret row's highlight.
+ * @param {KeyboardEvent} e
+ * @param {Element|null} active the list element
+ * @param {Control} list
+ * @returns {{caret: Control, to: number}|{toggle: Control, row: number}|null}
+ */
+function multipleKey(e, active, list) {
+  const rows = list.rows ?? [];
+  if (!rows.length || !list.enabled) return null;
+  const stored = active instanceof HTMLElement ? Number(active.dataset.caret) : NaN;
+  const caret = /** @type {number} */ (caretOf(rows, stored));
+  if (e.key === ' ') return { toggle: list, row: caret };
+  const at = rows.findIndex((r) => r.row === caret);
+  // A page is as many rows as the list shows, less one to keep in sight.
+  const body = active?.querySelector('.list-body');
+  const first = active?.querySelector('.list-row');
+  const page =
+    body instanceof HTMLElement && first instanceof HTMLElement && first.offsetHeight > 0
+      ? Math.max(1, Math.floor(body.clientHeight / first.offsetHeight) - 1)
+      : 1;
+  /** @type {Record<string, number>} */
+  const moves = {
+    ArrowDown: at + 1,
+    ArrowUp: at - 1,
+    PageDown: at + page,
+    PageUp: at - page,
+    Home: 0,
+    End: rows.length - 1,
+  };
+  if (!(e.key in moves)) return null;
+  const next = Math.max(0, Math.min(rows.length - 1, moves[e.key]));
+  return { caret: list, to: rows[next].row };
+}
+
+/**
  * What a key press means in the top window.
  *  - {press: control}: click that button;
  *  - {focus: control}: give that field the cursor;
  *  - {row: control, to: rowNumber}: select that list row, as a click would;
+ *  - {caret: control, to: rowNumber}: move a multiple-selection list's caret;
+ *  - {toggle: control, row: rowNumber}: toggle that row's highlight in a
+ *    multiple-selection list, as a click on it would;
  *  - null: leave the key to the browser (typing, Tab, Space on a button).
  * @param {KeyboardEvent} e
  * @param {Win} win
  * @param {Element|null} active the element that has the focus
  * @param {Control|null} activeControl the control of that element, if any
- * @returns {{press: Control}|{focus: Control}|{row: Control, to: number}|null}
+ * @returns {{press: Control}|{focus: Control}|{row: Control, to: number}|
+ *   {caret: Control, to: number}|{toggle: Control, row: number}|null}
  */
 export function keyAction(e, win, active, activeControl) {
   if (e.altKey && !e.ctrlKey && !e.metaKey) {
@@ -147,6 +203,10 @@ export function keyAction(e, win, active, activeControl) {
     if (active instanceof HTMLTextAreaElement && !active.readOnly) return null;
     const b = defaultButton(win);
     return b && b.enabled ? { press: b } : null;
+  }
+
+  if (activeControl?.type === 'list' && activeControl.multiple) {
+    return multipleKey(e, active?.closest('[data-control]') ?? null, activeControl);
   }
 
   if ((e.key === 'ArrowDown' || e.key === 'ArrowUp') && activeControl?.type === 'list') {

@@ -7,7 +7,7 @@
 // mouse is pressing, a field that has the cursor and a list's scroll position
 // thus survive the answer to an event.
 
-import { parseLabel, cancelButton } from './keys.js';
+import { parseLabel, cancelButton, caretOf } from './keys.js';
 
 /** @typedef {import('./api.js').Control} Control */
 /** @typedef {import('./api.js').Win} Win */
@@ -27,6 +27,8 @@ const HEAD_PX = 17;
 const COMBO_DLU = 12;
 /** The smallest type a label is shrunk to when its text does not fit. */
 const MIN_FONT_PX = 8;
+/** A static at least this tall (in dialog units, two lines) wraps its text. */
+const WRAP_DLU = 16;
 
 const FIELD_TYPES = new Set(['edit', 'multiline', 'combo', 'radio', 'check']);
 
@@ -316,6 +318,9 @@ function updateList(el, c, data) {
   const before = data.get(c.id);
   data.set(c.id, rowKey);
   const prevSelected = before ? JSON.parse(before).find((/** @type {any} */ r) => r.selected)?.row : undefined;
+  // In a multiple-selection list the highlighted rows are the user's choice
+  // and the view follows the caret, not the first highlighted row.
+  const multiple = !!c.multiple;
 
   const scroll = body.scrollTop;
   /** @type {HTMLElement|null} */
@@ -324,6 +329,7 @@ function updateList(el, c, data) {
     ...(c.rows ?? []).map((r) => {
       const row = document.createElement('div');
       row.className = 'list-row';
+      row.id = `${el.id}-r${r.row}`;
       row.dataset.row = String(r.row);
       row.setAttribute('role', 'option');
       row.setAttribute('aria-selected', String(r.selected));
@@ -346,8 +352,49 @@ function updateList(el, c, data) {
     }),
   );
   body.scrollTop = scroll;
+  if (multiple) {
+    showCaret(el, c, false);
+    return;
+  }
   const sel = /** @type {HTMLElement|null} */ (selectedEl);
   if (sel && sel.dataset.row !== String(prevSelected)) sel.scrollIntoView({ block: 'nearest' });
+}
+
+/**
+ * Marks the caret row of a multiple-selection list: the row that Space
+ * toggles and the arrow keys move from. It is the page's own state, kept on
+ * the list element across answers (`data-caret`); a caret on a row that is
+ * gone falls back to the first highlighted row, else the first row.
+ * @param {HTMLElement} el the list
+ * @param {Control} c
+ * @param {boolean} reveal whether to scroll the caret row into view
+ */
+function showCaret(el, c, reveal) {
+  const caret = caretOf(c.rows ?? [], Number(el.dataset.caret));
+  for (const old of el.querySelectorAll('.list-row.caret')) old.classList.remove('caret');
+  if (caret === null) {
+    delete el.dataset.caret;
+    el.removeAttribute('aria-activedescendant');
+    return;
+  }
+  el.dataset.caret = String(caret);
+  const row = /** @type {HTMLElement|null} */ (el.querySelector(`.list-row[data-row="${caret}"]`));
+  if (!row) return;
+  row.classList.add('caret');
+  el.setAttribute('aria-activedescendant', row.id);
+  if (reveal) row.scrollIntoView({ block: 'nearest' });
+}
+
+/**
+ * Moves the caret of a multiple-selection list to `row` and scrolls it into
+ * view; the highlight is left as it is.
+ * @param {HTMLElement} el the list
+ * @param {Control} c
+ * @param {number} row
+ */
+export function setCaret(el, c, row) {
+  el.dataset.caret = String(row);
+  showCaret(el, c, true);
 }
 
 /**
@@ -460,6 +507,8 @@ function updateControl(el, c, w, view, opts, toFit) {
     }
     case 'list': {
       el.classList.toggle('disabled', disabled);
+      el.classList.toggle('multiple', !!c.multiple);
+      el.setAttribute('aria-multiselectable', String(!!c.multiple));
       el.tabIndex = disabled ? -1 : 0;
       if (c.label) el.setAttribute('aria-label', parseLabel(c.label).plain);
       updateList(el, c, view.data);
@@ -507,6 +556,8 @@ function updateControl(el, c, w, view, opts, toFit) {
       el.hidden = isListHeading(w, c);
       // A static shorter than a line of text is small print: its type fits its height.
       el.classList.toggle('small', c.h < 8);
+      // A static of two lines or more is a sentence or two of text: it wraps.
+      el.classList.toggle('wrap', c.h >= WRAP_DLU);
       if (c.h < 8) el.style.fontSize = px(Math.max(MIN_FONT_PX, c.h * DLU_Y * 0.78));
       break;
     }
@@ -516,14 +567,18 @@ function updateControl(el, c, w, view, opts, toFit) {
 /**
  * Shrinks the type of a label that does not fit its box, as far as
  * MIN_FONT_PX; a designed layout should rarely need it, but the fonts of this
- * machine need not be those the windows were drawn with.
+ * machine need not be those the windows were drawn with. A wrapping static
+ * does not fit when its lines run past its height.
  * @param {HTMLElement} el
  */
 function fitText(el) {
   if (!el.isConnected) return;
   if (!el.classList.contains('small')) el.style.fontSize = '';
+  const wraps = el.classList.contains('wrap');
+  const over = () =>
+    el.scrollWidth > el.clientWidth + 1 || (wraps && el.scrollHeight > el.clientHeight + 1);
   let size = parseFloat(getComputedStyle(el).fontSize);
-  while (el.scrollWidth > el.clientWidth + 1 && size > MIN_FONT_PX) {
+  while (over() && size > MIN_FONT_PX) {
     size -= 0.5;
     el.style.fontSize = px(size);
   }
