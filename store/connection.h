@@ -22,9 +22,15 @@ namespace lk::store {
 
 enum class Dialect { kSqlite, kPostgres };
 
+class NativeReads;
+
+// `native`, where the owner of the connection gives one, runs the reads on
+// the backend's own C API with statements kept from event to event
+// (store/native_read.h); it belongs to `sql` and goes with it.
 struct Connection {
   soci::session* sql;
   Dialect dialect;
+  NativeReads* native = nullptr;
 };
 
 }  // namespace lk::store

@@ -39,7 +39,16 @@ std::unique_ptr<Database> Database::Open(const std::string& url, std::string* er
 }
 
 Database::Database(std::string url, std::unique_ptr<soci::session> sql, Dialect dialect)
-    : url_(std::move(url)), sql_(std::move(sql)), connection_{sql_.get(), dialect} {}
+    : url_(std::move(url)), sql_(std::move(sql)), connection_{sql_.get(), dialect} {
+  KeepReads();
+}
+
+void Database::KeepReads() {
+  native_.reset();
+  connection_.native = nullptr;
+  native_ = NativeReads::Make(sql_.get(), connection_.dialect);
+  connection_.native = native_.get();
+}
 
 Database::~Database() { Rollback(); }
 
@@ -86,9 +95,13 @@ bool Database::Reconnect(std::string* error) {
     if (error != nullptr) *error = "cannot open the database " + url_;
     return false;
   }
+  // The old session's kept reads go before the old session does.
+  native_.reset();
+  connection_.native = nullptr;
   sql_ = std::move(sql);
   connection_.sql = sql_.get();
   connection_.dialect = dialect;
+  KeepReads();
   lost_ = false;
   ++reconnections_;
   return true;
@@ -108,7 +121,9 @@ bool Database::Begin(std::string* error) {
     why = reconnect_why;
   }
   // No statement may run outside a transaction: close the session until the
-  // next Begin brings a new one.
+  // next Begin brings a new one (its kept reads first).
+  native_.reset();
+  connection_.native = nullptr;
   try {
     sql_->close();
   } catch (const std::exception&) {

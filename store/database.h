@@ -28,6 +28,7 @@
 #include <string>
 
 #include "store/connection.h"
+#include "store/native_read.h"
 
 namespace lk::store {
 
@@ -75,8 +76,14 @@ class Database {
   bool TryBegin(std::string* error);
   bool Reconnect(std::string* error);
 
+  // Makes the kept reads of the session there is now (after the old ones,
+  // which belong to the session before, are gone).
+  void KeepReads();
+
   std::string url_;
   std::unique_ptr<soci::session> sql_;
+  // Destroyed before sql_: its statements belong to that session.
+  std::unique_ptr<NativeReads> native_;
   Connection connection_;
   bool in_transaction_ = false;
   bool lost_ = false;

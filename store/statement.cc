@@ -1,8 +1,9 @@
-// The statement frame over SOCI.
+// The statement frame: reads on the backend's own C API where the
+// connection keeps them (store/native_read.h), everything else over SOCI.
 //
-// Every statement is prepared for one execution (PostgreSQL: one
-// PQexecParams, no server-side prepared statement), since the connection
-// may be replaced between events and nothing may outlive a call. The text's
+// Over SOCI every statement is prepared for one execution (PostgreSQL: one
+// PQexecParams, no server-side prepared statement), since nothing of SOCI's
+// may outlive a call. The text's
 // :name placeholders are renumbered :p1, :p2, ... one per occurrence and
 // bound by position, so that a name may stand twice on both backends.
 // Outputs are always bound with an indicator; the frame itself decides what
@@ -21,6 +22,8 @@
 #include "services/host_text.h"
 #include "services/text.h"
 #include "services/timestamp.h"
+#include "store/host_values.h"
+#include "store/native_read.h"
 #include "store/soci.h"
 
 #include <soci/postgresql/soci-postgresql.h>
@@ -28,10 +31,11 @@
 
 namespace lk::store {
 
+using namespace internal;  // NOLINT: the frame's own value helpers
+
 namespace {
 
 constexpr char kRowIdName[] = "lk_row_id";
-constexpr char kEmptyTimestamp[] = "00000000000000000000";
 
 // SQLite's extended result codes of a unique violation.
 constexpr int kSqliteConstraintPrimaryKey = 1555;
@@ -102,18 +106,6 @@ bool StartsWithSelect(const char* text) {
   return true;
 }
 
-// The first line of `text`.
-std::string FirstLine(const std::string& text) {
-  const std::size_t nl = text.find('\n');
-  return nl == std::string::npos ? text : text.substr(0, nl);
-}
-
-void PutArea(SqlArea* area, int sqlcode, const std::string& code, const std::string& message) {
-  area->sqlcode = sqlcode;
-  std::snprintf(area->code, sizeof area->code, "%s", code.c_str());
-  std::snprintf(area->message, sizeof area->message, "%s", message.c_str());
-}
-
 // The sqlcode of a statement that threw `e`, with the database's own code
 // and words in `area`.
 int Failure(const Connection* connection, const std::exception& e, SqlArea* area) {
@@ -161,63 +153,6 @@ const HostColumn* FindInput(const StatementDef& s, const std::string& name) {
   for (const HostColumn& c : s.inputs)
     if (name == c.name) return &c;
   return nullptr;
-}
-
-// Trailing blanks of `text` dropped, one blank left of a blank text.
-std::string Trimmed(const char* text) {
-  std::size_t n = std::strlen(text);
-  while (n > 0 && text[n - 1] == ' ') --n;
-  return n == 0 ? std::string(" ") : std::string(text, n);
-}
-
-// The value of an input as it goes to the database, in code page 1252:
-// cut to the column's width and prepared as a host text.
-std::string TextToWrite(const HostColumn& c, const char* attribute) {
-  std::vector<char> host(c.width + 2, '\0');
-  if (c.type == HostType::kChar) {
-    TextMove(host.data(), attribute, c.width + 1);
-    HostTextPrepare(nullptr, host.data());
-    return Trimmed(host.data());
-  }
-  const std::size_t n = strnlen(attribute, c.place.size);
-  std::memcpy(host.data(), attribute, n < c.width ? n : c.width);
-  std::int16_t length = static_cast<std::int16_t>(c.width);
-  HostTextPrepare(&length, host.data());
-  return std::string(host.data(), static_cast<std::size_t>(length));
-}
-
-// "YYYY-MM-DD HH:MM:SS" of a 20-digit timestamp, through timestamp to host.
-std::string DateToWrite(const char* attribute) {
-  char host[19];
-  TimestampToHost(attribute, host);  // "YYYY-MM-DDHH.MI.SS"
-  std::string out(host, 10);
-  out += ' ';
-  out.append(host + 10, 2);
-  out += ':';
-  out.append(host + 13, 2);
-  out += ':';
-  out.append(host + 16, 2);
-  return out;
-}
-
-// A number(3) of a record, held as a 2-byte integer or as a double.
-std::int16_t GetSmall(const HostColumn& c, const char* at) {
-  if (c.place.size == sizeof(double)) {
-    double v;
-    std::memcpy(&v, at, sizeof v);
-    return static_cast<std::int16_t>(v);
-  }
-  std::int16_t small;
-  std::memcpy(&small, at, sizeof small);
-  return small;
-}
-void PutSmall(const HostColumn& c, char* at, std::int16_t small) {
-  if (c.place.size == sizeof(double)) {
-    const double v = small;
-    std::memcpy(at, &v, sizeof v);
-  } else {
-    std::memcpy(at, &small, sizeof small);
-  }
 }
 
 // Fills the host variable of input `c` from `record`.
@@ -271,34 +206,6 @@ void BindOutput(soci::statement* st, const HostColumn& c, HostValue* v) {
       st->exchange(soci::into(v->text, v->ind));
       break;
   }
-}
-
-// UTF-8 -> code page 1252; plain ASCII, the common case, as it is.
-bool ToCp1252(const std::string& utf8, std::string* out, std::string* why) {
-  bool ascii = true;
-  for (char c : utf8) ascii = ascii && static_cast<unsigned char>(c) < 0x80;
-  if (ascii) {
-    *out = utf8;
-    return true;
-  }
-  return Utf8ToCp1252(utf8, out, why);
-}
-
-// The 20 digits of a fetched date, without the fraction, as timestamp from
-// host makes them.
-void PutDate(const std::tm& date, char* attribute) {
-  char host[19] = "0000-00-0000.00.00";
-  const auto put = [&host](int at, int value, int digits) {
-    for (int k = digits - 1; k >= 0; --k, value /= 10)
-      host[at + k] = static_cast<char>('0' + (value % 10 + 10) % 10);
-  };
-  put(0, date.tm_year + 1900, 4);
-  put(5, date.tm_mon + 1, 2);
-  put(8, date.tm_mday, 2);
-  put(10, date.tm_hour, 2);
-  put(13, date.tm_min, 2);
-  put(16, date.tm_sec, 2);
-  TimestampFromHost(host, attribute);
 }
 
 // Moves a fetched row from its host variables into `record`, with `texts`
@@ -450,6 +357,8 @@ Block::Block(HandleA a, HandleB b, RunContext* rc) : a_(a), b_(b), rc_(rc), conn
 int SelectInto(Block& block, const StatementDef& s, const void* in, void* out) {
   SqlArea* area = Begin(block, s);
   if (!HasDatabase(block)) return NoDatabase(area);
+  if (block.connection()->native != nullptr && !s.for_update)
+    return block.connection()->native->SelectInto(s, in, out, area);
   Prepared p;
   try {
     if (!Build(*block.connection(), s, in, RowId::kNone, nullptr, &p, area)) return area->sqlcode;
@@ -485,7 +394,8 @@ int Execute(Block& block, const StatementDef& s, const void* in) {
 struct Cursor::State {
   const Connection* connection = nullptr;
   const StatementDef* def = nullptr;
-  Prepared prepared;
+  std::unique_ptr<NativeReads::Rows> native;  // a read on the C API, or
+  Prepared prepared;                          // one through SOCI
   std::int64_t fetched = 0;
   bool has_row = false;
 };
@@ -499,6 +409,15 @@ int Cursor::Open(Block& block, const StatementDef& s, const void* in) {
   auto* state = new State;
   state->connection = block.connection();
   state->def = &s;
+  if (block.connection()->native != nullptr && !s.for_update) {
+    state->native = block.connection()->native->Open(s, in, area);
+    if (state->native == nullptr) {
+      delete state;
+      return area->sqlcode;
+    }
+    state_ = state;
+    return area->sqlcode = kSqlOk;
+  }
   try {
     if (!Build(*block.connection(), s, in, s.for_update ? RowId::kSelect : RowId::kNone, nullptr,
                &state->prepared, area)) {
@@ -524,6 +443,14 @@ int Cursor::Fetch(Block& block, void* out) {
   }
   SqlArea* area = Begin(block, *state_->def);
   area->rows = state_->fetched;
+  if (state_->native != nullptr) {
+    const int code = state_->native->Fetch(out, area);
+    // A row came, whether or not the record could take it.
+    if (code == kSqlOk || code == kSqlNullFetched || code == kSqlNotInCodePage)
+      area->rows = ++state_->fetched;
+    state_->has_row = code == kSqlOk;
+    return area->sqlcode = code;
+  }
   try {
     if (!state_->prepared.st->fetch()) {
       state_->has_row = false;
