@@ -35,6 +35,7 @@
 #include <map>
 #include <memory>
 #include <string>
+#include <vector>
 
 #include <benchmark/benchmark.h>
 #include <nlohmann/json.hpp>
@@ -441,11 +442,17 @@ class SummaryReporter : public benchmark::ConsoleReporter {
       std::printf("  %s  Open event %7.2f ms   frame read %7.2f ms   C API read %7.2f ms"
                   "   Open / C API %.1fx\n",
                   names[backend], open, frame, capi, open / capi);
+      char goal[120];
+      std::snprintf(goal, sizeof goal, "goal list-event-rt50-open-%s: %.2fx (at most 1.3x)",
+                    backend == 0 ? "sqlite" : "postgresql", open / capi);
+      goals_.push_back(goal);
     }
+    for (const std::string& g : goals_) std::printf("%s\n", g.c_str());
   }
 
  private:
   std::map<std::string, double> millis_;
+  std::vector<std::string> goals_;
 };
 
 int Main(int argc, char** argv) {

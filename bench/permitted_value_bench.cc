@@ -44,6 +44,7 @@
 #include <map>
 #include <memory>
 #include <string>
+#include <vector>
 
 #include <benchmark/benchmark.h>
 #include <nlohmann/json.hpp>
@@ -719,12 +720,19 @@ class SummaryReporter : public benchmark::ConsoleReporter {
         std::printf("  %s  %s event %7.2f ms   frame read %7.2f ms   C API read %7.2f ms"
                     "   event / C API %.1fx\n",
                     names[backend], forward ? "Next" : "Prev", event, frame, capi, event / capi);
+        char goal[160];
+        std::snprintf(goal, sizeof goal, "goal list-event-rt2-%s-%s: %.2fx (at most 1.3x)",
+                      forward ? "next" : "prev", backend == 0 ? "sqlite" : "postgresql",
+                      event / capi);
+        goals_.push_back(goal);
       }
     }
+    for (const std::string& g : goals_) std::printf("%s\n", g.c_str());
   }
 
  private:
   std::map<std::string, double> millis_;
+  std::vector<std::string> goals_;
 };
 
 int Main(int argc, char** argv) {

@@ -38,7 +38,7 @@ run() {
 }
 
 run lab_remark_bench "$WATRIX_BUILD/lab_remark_bench"
-run project_station_role_bench "$WATRIX_BUILD/project_station_role_bench"
+run list_scale_bench "$WATRIX_BUILD/list_scale_bench"
 run permitted_value_bench "$WATRIX_BUILD/permitted_value_bench"
 run http_bench "$WATRIX_BUILD/http_bench"
 run session_memory_bench "$WATRIX_BUILD/session_memory_bench"

@@ -357,7 +357,12 @@ int PgFailure(PGconn* conn, const PGresult* result, SqlArea* area) {
 
 class PgReads final : public NativeReads {
  public:
-  explicit PgReads(PGconn* conn) : conn_(conn) {}
+  // A kept statement is planned anew for its values at each run, as a
+  // statement prepared for one run is: a generic plan may read a keyset
+  // page of a big table through a worse path.
+  explicit PgReads(PGconn* conn) : conn_(conn) {
+    PQclear(PQexec(conn_, "SET plan_cache_mode = force_custom_plan"));
+  }
 
   int SelectInto(const StatementDef& s, const void* in, void* out, SqlArea* area) override {
     PGresult* result = Run(s, in, area);
