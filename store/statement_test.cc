@@ -1027,6 +1027,55 @@ TEST_P(StatementTest, ASessionWithoutADatabaseFailsItsStatements) {
   EXPECT_NE(std::string::npos, Database().find("no database")) << Database();
 }
 
+// The reads kept on the backend's own API and the one-time reads through
+// SOCI put the same bytes into the record, NULLs, code page 1252 text,
+// numbers and dates alike.
+TEST_P(StatementTest, KeptReadsAndOneTimeReadsFillTheRecordAlike) {
+  ASSERT_NE(nullptr, db_->connection()->native);
+  sql() << "INSERT INTO TSMFHU (TSMFHU_IS_NUMBER, TSMFHU_ORG_ID, HYDROLOGIC_UNIT_CD, TYPE_CODE, "
+           "NAME, STATES_NAME, LAT_MAX_DEGREE, D_USERID_CODE, D_LAST_UPDT_TS) VALUES "
+           "(1, 'ORG1', '01010001', 'CATUNIT', NULL, NULL, NULL, 'JSMITH', "
+           "'2024-01-02 03:04:05')";
+  sql() << "INSERT INTO TSMFHU (TSMFHU_IS_NUMBER, TSMFHU_ORG_ID, HYDROLOGIC_UNIT_CD, TYPE_CODE, "
+           "NAME, STATES_NAME, LAT_MAX_DEGREE, D_USERID_CODE, D_LAST_UPDT_TS) VALUES "
+           "(2, 'ORG1', '01010002', 'CATUNIT', 'Caf\xC3\xA9 \xE2\x82\xAC', 'ME', 45.1234, "
+           "'JSMITH', '1999-12-31 23:59:58')";
+  // The same connection without its kept reads takes the one-time path.
+  Connection one_time = *db_->connection();
+  one_time.native = nullptr;
+  SessionPort one_time_port{nullptr, &FixedClock, &one_time};
+  auto read_all = [&](SessionPort* port) {
+    static UnitStorage unit;
+    static Cursor cursor;
+    std::vector<Huc> rows;
+    EntityState state;
+    ResetEntity(&state);
+    rc_.run_mode = ' ';
+    RunActionBlock(&unit, kTestUnit, port, nullptr, &rc_, {&cursor}, [&](Block& block) {
+      Huc entity;
+      std::memset(&entity, 'x', sizeof entity);
+      ReadList(block, &cursor, kHucList, &state, &entity, &entity, [&] {
+        rows.push_back(entity);
+        return true;
+      });
+    });
+    return rows;
+  };
+  Begin();
+  const std::vector<Huc> kept = read_all(&port_);
+  ASSERT_FALSE(Failed()) << Database();
+  const std::vector<Huc> once = read_all(&one_time_port);
+  ASSERT_FALSE(Failed()) << Database();
+  ASSERT_EQ(2u, kept.size());
+  ASSERT_EQ(2u, once.size());
+  for (std::size_t i = 0; i < kept.size(); ++i) {
+    SCOPED_TRACE(i);
+    EXPECT_EQ(0, std::memcmp(&kept[i], &once[i], sizeof(Huc)));
+  }
+  EXPECT_STREQ("Caf\xE9 \x80", kept[1].NAME);
+  EXPECT_STREQ("19991231235958000000", kept[1].D_LAST_UPDATE_TIMESTAMP);
+}
+
 INSTANTIATE_TEST_SUITE_P(Backends, StatementTest, testing::kBackends, testing::BackendName);
 
 }  // namespace
