@@ -11,8 +11,11 @@
 // each answers 201 with the menu (RT1_REFERENCE_TABLE_MAINT_MENU) open and
 // alone on its screen; it reads the resident memory again and prints the
 // difference per session beside the baseline. It then asks every session for
-// its screen again (the menu must still be there), ends them all and reads
-// the memory once more.
+// its screen again (the menu must still be there). For comparison, not for
+// the goal, each session then opens the lab remark list and closes it, and
+// the memory is read again: a session that has once run a statement keeps
+// what its connection read, the schema first. At last it ends them all and
+// reads the memory once more.
 //
 // The sessions are opened in-process rather than over HTTP: an idle session
 // holds no HTTP connection, and what the web server keeps (its threads, its
@@ -52,6 +55,7 @@ namespace {
 using nlohmann::json;
 
 constexpr char kMenu[] = "RT1_REFERENCE_TABLE_MAINT_MENU";
+constexpr char kList[] = "RT50_LAB_REMARK_MAINT_LIST";
 constexpr double kGoalKb = 256;
 
 std::string ProgramDir() {
@@ -174,6 +178,28 @@ int Main() {
       return 1;
     }
   }
+
+  // Then each session opens the lab remark list (its Open event reads
+  // TSRLBRMK, which is empty here) and closes it again: back on its menu,
+  // idle, but with the schema read by its connection.
+  for (const std::string& token : tokens) {
+    Reply r = host->Event(token, json{{"window", kMenu}, {"control", "Lab &Remark"},
+                                      {"event", "Click"}});
+    const json& windows = r.body["windows"];
+    if (r.status != 200 || !windows.is_array() || windows.size() != 1 ||
+        windows[0].value("name", "") != kList || !r.body["failure"].is_null()) {
+      std::fprintf(stderr, "session_memory_bench: Lab &Remark did not open the list: %d %s\n",
+                   r.status, r.body.dump().c_str());
+      return 1;
+    }
+    r = host->Event(token, json{{"window", kList}, {"control", "C&lose"}, {"event", "Click"}});
+    if (r.status != 200 || !MenuOpen(r.body)) {
+      std::fprintf(stderr, "session_memory_bench: C&lose did not go back to the menu: %d %s\n",
+                   r.status, r.body.dump().c_str());
+      return 1;
+    }
+  }
+  const Memory visited = Measure();
   for (const std::string& token : tokens) {
     if (host->EndSession(token).status != 204) {
       std::fprintf(stderr, "session_memory_bench: a session does not end\n");
@@ -189,10 +215,15 @@ int Main() {
               before.rss_kb, before.heap_kb, before.threads);
   std::printf("  resident memory with them     %10.0f KB   (malloc in use %8.0f KB, %ld threads)\n",
               idle.rss_kb, idle.heap_kb, idle.threads);
+  std::printf("  after a visit to a list each   %10.0f KB   (malloc in use %8.0f KB)\n",
+              visited.rss_kb, visited.heap_kb);
   std::printf("  resident memory once ended    %10.0f KB   (malloc in use %8.0f KB)\n",
               ended.rss_kb, ended.heap_kb);
   std::printf("  per idle session              %10.1f KB   (malloc in use %8.1f KB)\n",
               per_session, heap_per_session);
+  std::printf("  per session back from a list  %10.1f KB   (malloc in use %8.1f KB)\n",
+              (visited.rss_kb - before.rss_kb) / sessions,
+              (visited.heap_kb - before.heap_kb) / sessions);
   std::printf("goal idle-session-memory: %ld (at most %.0f)\n", std::lround(per_session), kGoalKb);
   return 0;
 }
