@@ -3,7 +3,9 @@
 // at commit, a refused commit leaves nothing, a dropped connection is
 // replaced at the next Begin while the Connection stays where it was, a
 // second writer waits for the first's transaction, and logins with a
-// user's own credentials are the database's to refuse.
+// user's own credentials are the database's to refuse. On SQLite alone: a
+// file keeps its write-ahead log, and a connection to it reads the schema
+// only once a statement needs it.
 #include "store/database.h"
 
 #include <unistd.h>
@@ -21,6 +23,9 @@
 
 #include "store/soci.h"
 #include "store/store_port.h"
+
+// After store/soci.h, which settles SOCI's configuration first.
+#include <soci/sqlite3/soci-sqlite3.h>
 #include "tests/pg/pg_cluster.h"
 
 namespace lk::store {
@@ -463,6 +468,90 @@ TEST_P(DatabaseTest, StoreOfAHostSession) {
 
 INSTANTIATE_TEST_SUITE_P(Backends, DatabaseTest,
                          ::testing::Values(Backend::kSqlite, Backend::kPostgres), BackendName);
+
+// ---- The write-ahead log of SQLite files ----
+
+class SqliteJournalTest : public ::testing::Test {
+ protected:
+  void SetUp() override {
+    char folder[] = "/tmp/watrix-journal-test-XXXXXX";
+    ASSERT_NE(nullptr, mkdtemp(folder));
+    folder_ = folder;
+    url_ = "sqlite:" + folder_ + "/test.db";
+  }
+  void TearDown() override { std::filesystem::remove_all(folder_); }
+
+  std::unique_ptr<Database> Open() {
+    std::string error;
+    std::unique_ptr<Database> db = Database::Open(url_, &error);
+    EXPECT_NE(nullptr, db) << error;
+    return db;
+  }
+
+  static sqlite_api::sqlite3* Handle(Database& db) {
+    return static_cast<soci::sqlite3_session_backend*>(db.connection()->sql->get_backend())
+        ->conn_;
+  }
+
+  // Bytes of the schema that the connection has read so far.
+  static int SchemaBytes(Database& db) {
+    int current = 0, highwater = 0;
+    sqlite_api::sqlite3_db_status(Handle(db), SQLITE_DBSTATUS_SCHEMA_USED, &current, &highwater,
+                                  0);
+    return current;
+  }
+
+  static std::string JournalMode(Database& db) {
+    std::string mode;
+    *db.connection()->sql << "PRAGMA journal_mode", soci::into(mode);
+    return mode;
+  }
+
+  std::string folder_;
+  std::string url_;
+};
+
+TEST_F(SqliteJournalTest, ANewFileGetsTheLog) {
+  std::unique_ptr<Database> db = Open();
+  ASSERT_NE(nullptr, db);
+  EXPECT_EQ("wal", JournalMode(*db));
+}
+
+TEST_F(SqliteJournalTest, AFileWithTheLogKeepsItAndItsSchemaWaitsForTheFirstStatement) {
+  std::unique_ptr<Database> first = Open();
+  ASSERT_NE(nullptr, first);
+  *first->connection()->sql << "CREATE TABLE t (k integer primary key, v varchar(20))";
+  *first->connection()->sql << "INSERT INTO t VALUES (1, 'one')";
+
+  std::unique_ptr<Database> second = Open();
+  ASSERT_NE(nullptr, second);
+  EXPECT_EQ(0, SchemaBytes(*second));
+  // A transaction that runs no statement reads no schema either.
+  ASSERT_TRUE(second->Begin(nullptr));
+  ASSERT_TRUE(second->Commit(nullptr));
+  EXPECT_EQ(0, SchemaBytes(*second));
+  ASSERT_TRUE(second->Begin(nullptr));
+  std::string v;
+  *second->connection()->sql << "SELECT v FROM t WHERE k = 1", soci::into(v);
+  ASSERT_TRUE(second->Commit(nullptr));
+  EXPECT_EQ("one", v);
+  EXPECT_GT(SchemaBytes(*second), 0);
+  EXPECT_EQ("wal", JournalMode(*second));
+}
+
+TEST_F(SqliteJournalTest, AFileThatLostTheLogGetsItBack) {
+  {
+    std::unique_ptr<Database> db = Open();
+    ASSERT_NE(nullptr, db);
+    *db->connection()->sql << "CREATE TABLE t (k integer primary key)";
+    std::string mode;
+    *db->connection()->sql << "PRAGMA journal_mode = DELETE", soci::into(mode);
+    ASSERT_EQ("delete", mode);
+  }
+  std::unique_ptr<Database> db = Open();
+  ASSERT_NE(nullptr, db);
+  EXPECT_EQ("wal", JournalMode(*db));
+}
 
 // ---- Logins of the users' own (PostgreSQL) ----
 

@@ -37,7 +37,10 @@ bool ParseDatabaseUrl(const std::string& url, DatabaseUrl* out, std::string* err
 
 // Opens a session on `url` and stores its dialect in *dialect (which may be
 // null). An SQLite session runs with foreign keys enforced, a busy timeout
-// of 60 s, and the WAL journal; a PostgreSQL session talks UTF-8.
+// of 60 s, and the WAL journal (put on the file unless it has it already;
+// on a file that has it, the schema is read only when a statement first
+// needs it), and its page cache holds only the pages read. A PostgreSQL
+// session talks UTF-8.
 // Throws std::runtime_error with the reason when the URL is malformed or
 // the database refuses (soci::soci_error is one).
 std::unique_ptr<soci::session> OpenSession(const std::string& url, Dialect* dialect);
