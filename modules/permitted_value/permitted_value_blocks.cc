@@ -84,11 +84,13 @@ constexpr HostColumn kOrgNamesBind[] = {
 
 // From the key on, the key's row included, within the run's organisation:
 // the cursor's TABLE_NAME >= K and the row filter of FIELD_NAME and
-// SEQUENCE_NUMBER within K's table are one comparison of the three parts.
+// SEQUENCE_NUMBER within K's table are one comparison of the three parts,
+// which the index of the key (with the organisation in front) serves as a
+// range of its own.
 constexpr StatementDef kPageOn = {
     "0000000001", 1,
     LK_PV_SELECT
-    "WHERE TSMPRMVL_ORG_ID = :CURRENT_ORG_ID AND TABLE_NAME >= :TABLE_NAME "
+    "WHERE TSMPRMVL_ORG_ID = :CURRENT_ORG_ID "
     "AND (TABLE_NAME, FIELD_NAME, SEQUENCE_NUMBER) >= (:TABLE_NAME, :FIELD_NAME, "
     ":SEQUENCE_NUMBER)" LK_PV_ASCENDING " LIMIT 2000",
     kKeyBind, kRowColumns};
@@ -96,7 +98,7 @@ constexpr StatementDef kPageOn = {
 constexpr StatementDef kPageAgain = {
     "0000000002", 2,
     LK_PV_SELECT
-    "WHERE TSMPRMVL_ORG_ID = :CURRENT_ORG_ID AND TABLE_NAME >= :TABLE_NAME "
+    "WHERE TSMPRMVL_ORG_ID = :CURRENT_ORG_ID "
     "AND (TABLE_NAME, FIELD_NAME, SEQUENCE_NUMBER) >= (:TABLE_NAME, :FIELD_NAME, "
     ":SEQUENCE_NUMBER)" LK_PV_ASCENDING " LIMIT 2000",
     kKeyBind, kRowColumns};
@@ -104,8 +106,7 @@ constexpr StatementDef kPageAgain = {
 constexpr StatementDef kPageBack = {
     "0000000003", 3,
     LK_PV_SELECT
-    "WHERE TABLE_NAME <= :TABLE_NAME "
-    "AND (TABLE_NAME, FIELD_NAME, SEQUENCE_NUMBER) <= (:TABLE_NAME, :FIELD_NAME, "
+    "WHERE (TABLE_NAME, FIELD_NAME, SEQUENCE_NUMBER) <= (:TABLE_NAME, :FIELD_NAME, "
     ":SEQUENCE_NUMBER)" LK_PV_DESCENDING " LIMIT 2000",
     kKeyBind, kRowColumns};
 // The second pass of "PREV": the run's first rows.
