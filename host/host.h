@@ -21,6 +21,18 @@ struct Reply {
   nlohmann::json body;
 };
 
+// The same answer with its body as JSON text, as the HTTP interface sends
+// it: the text nlohmann::json's dump(-1, ' ', false, replace) makes of the
+// body, "" for a null body (204).
+struct TextReply {
+  int status = 200;
+  std::string body;
+};
+
+// The text of a Reply, and back.
+TextReply ToText(const Reply& reply);
+Reply FromText(const TextReply& reply);
+
 class Host {
  public:
   virtual ~Host() = default;
@@ -37,6 +49,14 @@ class Host {
 
   // DELETE /api/session. 204, or 401.
   virtual Reply EndSession(const std::string& token) = 0;
+
+  // Screen and Event with the body as JSON text: what the HTTP interface
+  // sends. By default the text of Screen's and Event's answers; a host that
+  // writes the text itself saves the json tree.
+  virtual TextReply ScreenText(const std::string& token) { return ToText(Screen(token)); }
+  virtual TextReply EventText(const std::string& token, const nlohmann::json& event) {
+    return ToText(Event(token, event));
+  }
 };
 
 struct HostOptions {

@@ -151,19 +151,27 @@ class HostImpl : public Host {
     });
   }
 
-  Reply Screen(const std::string& token) override {
-    return runtime_.Run<Reply>([&]() -> Reply {
+  Reply Screen(const std::string& token) override { return FromText(ScreenText(token)); }
+
+  Reply Event(const std::string& token, const nlohmann::json& event) override {
+    return FromText(EventText(token, event));
+  }
+
+  // The screen's text is written on the runtime thread, where the session
+  // lives; the HTTP thread only sends it.
+  TextReply ScreenText(const std::string& token) override {
+    return runtime_.Run<TextReply>([&]() -> TextReply {
       Session* s = Find(token);
-      if (s == nullptr) return Refuse(401, "unknown session");
-      return {200, s->Screen()};
+      if (s == nullptr) return ToText(Refuse(401, "unknown session"));
+      return {200, s->ScreenText()};
     });
   }
 
-  Reply Event(const std::string& token, const nlohmann::json& event) override {
-    return runtime_.Run<Reply>([&]() -> Reply {
+  TextReply EventText(const std::string& token, const nlohmann::json& event) override {
+    return runtime_.Run<TextReply>([&]() -> TextReply {
       Session* s = Find(token);
-      if (s == nullptr) return Refuse(401, "unknown session");
-      return s->Event(event);
+      if (s == nullptr) return ToText(Refuse(401, "unknown session"));
+      return s->EventText(event);
     });
   }
 
@@ -192,6 +200,17 @@ class HostImpl : public Host {
 };
 
 }  // namespace
+
+TextReply ToText(const Reply& reply) {
+  if (reply.body.is_null()) return {reply.status, ""};
+  return {reply.status,
+          reply.body.dump(-1, ' ', false, nlohmann::json::error_handler_t::replace)};
+}
+
+Reply FromText(const TextReply& reply) {
+  if (reply.body.empty()) return {reply.status, nullptr};
+  return {reply.status, nlohmann::json::parse(reply.body)};
+}
 
 std::unique_ptr<Host> MakeHost(const HostOptions& options) {
   return std::make_unique<HostImpl>(options);

@@ -4,12 +4,15 @@
 // blanks included; values and list cells lose their trailing blanks.
 #include "host/screen.h"
 
+#include <algorithm>
 #include <cstdio>
 #include <cstring>
-#include <set>
 #include <string>
+#include <string_view>
+#include <vector>
 
 #include "frame/views.h"
+#include "host/screen_text.h"
 #include "services/cp1252.h"
 #include "services/timestamp.h"
 
@@ -32,54 +35,9 @@ const char* TypeOf(std::uint16_t tag) {
   }
 }
 
-std::string Display(const char* bytes) {
-  std::string d(bytes, lk::kDisplayWidth);
-  for (char& c : d)
-    if (c == '\0') c = ' ';
-  return d;
-}
-
 std::string TrimRight(std::string s) {
   while (!s.empty() && (s.back() == ' ' || s.back() == '\0')) s.pop_back();
   return s;
-}
-
-void Place(nlohmann::json* c, const DialogControl* r) {
-  (*c)["x"] = r != nullptr ? r->x : 0;
-  (*c)["y"] = r != nullptr ? r->y : 0;
-  (*c)["w"] = r != nullptr ? r->w : 0;
-  (*c)["h"] = r != nullptr ? r->h : 0;
-}
-
-nlohmann::json Options(const Field& f, const ModuleImage& module) {
-  nlohmann::json options = nlohmann::json::array();
-  const lk::ValueDictionary* values = nullptr;
-  const lk::u32* items = nullptr;
-  if (f.tag == lk::kTagRadio || f.tag == lk::kTagDropDown) {
-    const auto* d = static_cast<const lk::ItemDescriptor*>(f.control->descriptor);
-    values = d->values;
-    items = static_cast<const lk::u32*>(d->items);
-  } else if (f.tag == lk::kTagCheck) {
-    values = static_cast<const lk::CheckDescriptor*>(f.control->descriptor)->values;
-  }
-  if (values == nullptr || values->permitted == nullptr) return options;
-  int i = 0;
-  for (const lk::PermittedRow* p = values->permitted; p->literal != nullptr; ++p, ++i) {
-    std::string text = TrimRight(p->literal);
-    // A drop-down's item i holds the string-table id of its text, given as
-    // the string table has it.
-    if (f.tag == lk::kTagDropDown && items != nullptr) {
-      const lk::u32* item = items;
-      for (int k = 0; k < i && *item != 0; ++k) ++item;
-      if (*item != 0) {
-        auto s = module.resources().strings.find(*item & 0xFFFF);
-        if (s != module.resources().strings.end()) text = s->second;
-      }
-    }
-    options.push_back({{"value", lk::Cp1252ToUtf8(TrimRight(p->literal))},
-                       {"text", lk::Cp1252ToUtf8(text)}});
-  }
-  return options;
 }
 
 // Bytes a column's value takes in a list row: the view's own storage.
@@ -127,133 +85,297 @@ std::string CellText(const lk::AttributeType& type, const char* bytes) {
   }
 }
 
+using screen_text::AppendBool;
+using screen_text::AppendCp1252;
+using screen_text::AppendInt;
+using screen_text::AppendString;
+
+// Trailing blanks and NULs off.
+std::string_view TrimmedView(std::string_view s) {
+  while (!s.empty() && (s.back() == ' ' || s.back() == '\0')) s.remove_suffix(1);
+  return s;
+}
+
+// The geometry of a control: its last keys, as they sort after all others.
+void AppendPlace(std::string* out, const DialogControl* r) {
+  out->append(",\"w\":");
+  AppendInt(out, r != nullptr ? r->w : 0);
+  out->append(",\"x\":");
+  AppendInt(out, r != nullptr ? r->x : 0);
+  out->append(",\"y\":");
+  AppendInt(out, r != nullptr ? r->y : 0);
+}
+
+// A list cell as CellText shows it, as a JSON string.
+void AppendCell(std::string* out, const lk::AttributeType& type, const char* bytes) {
+  switch (type.type_letter != nullptr ? type.type_letter[0] : 'S') {
+    case 'B':
+    case 'I':
+    case 'L':
+    case 'Q':
+      AppendCp1252(out, CellText(type, bytes));
+      return;
+    default:
+      AppendCp1252(out, TrimmedView(std::string_view(bytes, strnlen(bytes, ColumnStorage(type)))));
+  }
+}
+
+// The option values and texts of a radio group, drop-down or check box, as
+// the SCREEN shows them: 1252 texts.
+struct OptionText {
+  std::string value;
+  std::string text;
+};
+
+std::vector<OptionText> OptionTexts(const Field& f, const ModuleImage& module) {
+  std::vector<OptionText> options;
+  const lk::ValueDictionary* values = nullptr;
+  const lk::u32* items = nullptr;
+  if (f.tag == lk::kTagRadio || f.tag == lk::kTagDropDown) {
+    const auto* d = static_cast<const lk::ItemDescriptor*>(f.control->descriptor);
+    values = d->values;
+    items = static_cast<const lk::u32*>(d->items);
+  } else if (f.tag == lk::kTagCheck) {
+    values = static_cast<const lk::CheckDescriptor*>(f.control->descriptor)->values;
+  }
+  if (values == nullptr || values->permitted == nullptr) return options;
+  int i = 0;
+  for (const lk::PermittedRow* p = values->permitted; p->literal != nullptr; ++p, ++i) {
+    OptionText o;
+    o.value = TrimRight(p->literal);
+    o.text = o.value;
+    // A drop-down's item i holds the string-table id of its text, given as
+    // the string table has it.
+    if (f.tag == lk::kTagDropDown && items != nullptr) {
+      const lk::u32* item = items;
+      for (int k = 0; k < i && *item != 0; ++k) ++item;
+      if (*item != 0) {
+        auto s = module.resources().strings.find(*item & 0xFFFF);
+        if (s != module.resources().strings.end()) o.text = s->second;
+      }
+    }
+    options.push_back(std::move(o));
+  }
+  return options;
+}
+
+// The CONTROL of field f; its keys in sorted order, as a json object keeps
+// them.
+void AppendField(std::string* out, const OpenWindow& window, const Field& f,
+                 const ModuleImage& module) {
+  const Dialog* dialog = window.dialog();
+  const lk::u32 id = f.control->control_id;
+  const DialogControl* r = dialog != nullptr ? dialog->Find(id) : nullptr;
+  const bool list = f.tag == lk::kTagList || f.tag == lk::kTagColumnDropDown;
+  const bool field = f.tag != lk::kTagButton && f.tag != lk::kTagScroll && f.tag != 0 && !list;
+  const bool has_options =
+      f.tag == lk::kTagRadio || f.tag == lk::kTagDropDown || f.tag == lk::kTagCheck;
+
+  out->append("{\"attribute\":");
+  if (f.attribute.empty()) {
+    out->append("null");
+  } else {
+    AppendString(out, f.attribute);
+  }
+
+  const lk::ListDescriptor* list_descriptor =
+      list ? static_cast<const lk::ListDescriptor*>(f.control->descriptor) : nullptr;
+  // Where each column's value starts in a row's buffer, and its type.
+  std::vector<std::pair<int, const lk::AttributeType*>> cuts;
+  if (list) {
+    out->append(",\"columns\":[");
+    int offset = 0;
+    bool first = true;
+    for (const lk::ListColumnRow* col = list_descriptor->columns;
+         col != nullptr && col->right_edge != 0; ++col) {
+      const DialogControl* h = dialog != nullptr ? dialog->Find(col->heading_id) : nullptr;
+      if (!first) out->push_back(',');
+      first = false;
+      out->append("{\"align\":");
+      const char align = static_cast<char>(col->alignment);
+      AppendString(out, std::string_view(&align, 1));
+      out->append(",\"attribute\":");
+      if (h != nullptr && !h->attribute.empty()) {
+        AppendString(out, h->attribute);
+      } else {
+        out->append("null");
+      }
+      out->append(",\"heading\":");
+      AppendCp1252(out, h != nullptr ? std::string_view(h->text) : std::string_view());
+      out->append(",\"right\":");
+      AppendInt(out, col->right_edge);
+      out->push_back('}');
+      cuts.emplace_back(offset + lk::kDisplayWidth, &col->type);
+      offset += lk::kDisplayWidth + ColumnStorage(col->type);
+    }
+    out->push_back(']');
+  }
+
+  if (r != nullptr && r->is_default) out->append(",\"default\":true");
+
+  char display[lk::kDisplayWidth];
+  if (field) {
+    for (int k = 0; k < lk::kDisplayWidth; ++k)
+      display[k] = f.buffer[k] == '\0' ? ' ' : f.buffer[k];
+  } else {
+    std::fill(display, display + lk::kDisplayWidth, ' ');
+  }
+  out->append(",\"display\":");
+  AppendString(out, std::string_view(display, lk::kDisplayWidth));
+  out->append(",\"enabled\":");
+  AppendBool(out, window.Enabled(id));
+  out->append(",\"error\":");
+  AppendBool(out, field && display[0] == '1' && display[1] == '0');
+  out->append(",\"focus\":");
+  AppendBool(out, field && display[1] == 'i');
+  out->append(",\"h\":");
+  AppendInt(out, r != nullptr ? r->h : 0);
+  out->append(",\"id\":");
+  AppendInt(out, id);
+
+  out->append(",\"keyword\":");
+  const lk::ActionControlRow* a = window.ActionOf(id);
+  if (a != nullptr && a->command != nullptr && a->command[0] != '\0') {
+    AppendString(out, a->command);
+  } else {
+    out->append("null");
+  }
+
+  std::string_view label;
+  if (f.tag == lk::kTagButton || f.tag == lk::kTagScroll || f.tag == 0) {
+    if (r != nullptr) label = r->text;
+  } else if (f.control->label_id != 0 && dialog != nullptr) {
+    if (const DialogControl* l = dialog->Find(f.control->label_id)) label = l->text;
+  } else if (f.tag == lk::kTagCheck && r != nullptr) {
+    // A check box without a static of its own is labelled by its own text.
+    label = r->text;
+  }
+  out->append(",\"label\":");
+  AppendCp1252(out, label);
+
+  if (r != nullptr && r->multiple) out->append(",\"multiple\":true");
+  out->append(",\"name\":");
+  AppendString(out, f.control->control_name != nullptr ? f.control->control_name : "");
+
+  std::vector<OptionText> options;
+  if (has_options) {
+    options = OptionTexts(f, module);
+    out->append(",\"options\":[");
+    for (std::size_t i = 0; i < options.size(); ++i) {
+      if (i > 0) out->push_back(',');
+      out->append("{\"text\":");
+      AppendCp1252(out, options[i].text);
+      out->append(",\"value\":");
+      AppendCp1252(out, options[i].value);
+      out->push_back('}');
+    }
+    out->push_back(']');
+  }
+
+  out->append(",\"protected\":");
+  AppendBool(out, f.tag == lk::kTagProtected || (field && display[1] == 'g'));
+
+  if (list) {
+    out->append(",\"rows\":[");
+    bool first = true;
+    for (const ListRow& lr : f.rows) {
+      if (!first) out->push_back(',');
+      first = false;
+      out->append("{\"cells\":[");
+      bool first_cell = true;
+      for (auto [at, type] : cuts) {
+        if (!first_cell) out->push_back(',');
+        first_cell = false;
+        if (at + ColumnStorage(*type) <= static_cast<int>(lr.buffer.size())) {
+          AppendCell(out, *type, lr.buffer.data() + at);
+        } else {
+          out->append("\"\"");
+        }
+      }
+      out->append("],\"row\":");
+      AppendInt(out, lr.row_number);
+      out->append(",\"selected\":");
+      AppendBool(out, lr.flag == 'S' || lr.flag == 'C');
+      out->push_back('}');
+    }
+    out->push_back(']');
+  }
+
+  out->append(",\"type\":");
+  AppendString(out, TypeOf(f.tag));
+  out->append(",\"value\":");
+  if (has_options && f.option >= 0 && f.option < static_cast<int>(options.size())) {
+    AppendCp1252(out, options[f.option].value);
+  } else if (field) {
+    AppendCp1252(out, TrimmedView(f.value));
+  } else {
+    out->append("\"\"");
+  }
+  AppendPlace(out, r);
+  out->push_back('}');
+}
+
+// The CONTROL of a static text or group box of the template.
+void AppendStatic(std::string* out, const OpenWindow& window, const DialogControl& r) {
+  std::string_view design;
+  for (const lk::StaticItemRow* s = window.row()->statics; s != nullptr && s->id_kind != 0; ++s)
+    if ((s->id_kind >> 16) == r.id && s->design_name != nullptr) design = s->design_name;
+  out->append(r.center ? "{\"align\":\"C\"" : "{\"align\":\"L\"");
+  out->append(
+      ",\"attribute\":null,\"display\":\"      \",\"enabled\":true,\"error\":false,"
+      "\"focus\":false,\"h\":");
+  AppendInt(out, r.h);
+  out->append(",\"id\":");
+  AppendInt(out, r.id);
+  out->append(",\"keyword\":null,\"label\":");
+  AppendCp1252(out, r.text);
+  out->append(",\"name\":");
+  AppendString(out, design);
+  out->append(",\"protected\":false,\"type\":");
+  AppendString(out, r.kind);
+  out->append(",\"value\":\"\"");
+  AppendPlace(out, &r);
+  out->push_back('}');
+}
+
 }  // namespace
 
-nlohmann::json WindowJson(const OpenWindow& window, const ModuleImage& module,
-                          const char* procedure_name) {
+void AppendWindowJson(const OpenWindow& window, const ModuleImage& module,
+                      const char* procedure_name, std::string* out) {
   const Dialog* dialog = window.dialog();
-  nlohmann::json w;
-  w["name"] = window.row()->name;
-  w["title"] = dialog != nullptr ? lk::Cp1252ToUtf8(dialog->title) : window.row()->name;
-  w["procedure"] = procedure_name;
-  w["kind"] = window.row()->kind;
-  w["width"] = dialog != nullptr ? dialog->width : 316;
-  w["height"] = dialog != nullptr ? dialog->height : 200;
-  nlohmann::json controls = nlohmann::json::array();
-  std::set<lk::u32> listed;
-  for (std::size_t k = 0; k < window.fields().size(); ++k) {
-    const Field& f = window.fields()[k];
-    const lk::u32 id = f.control->control_id;
-    listed.insert(id);
-    const DialogControl* r = dialog != nullptr ? dialog->Find(id) : nullptr;
-    nlohmann::json c;
-    c["id"] = id;
-    c["name"] = f.control->control_name != nullptr ? f.control->control_name : "";
-    c["type"] = TypeOf(f.tag);
-    std::string label;
-    if (f.tag == lk::kTagButton || f.tag == lk::kTagScroll || f.tag == 0) {
-      if (r != nullptr) label = r->text;
-    } else if (f.control->label_id != 0 && dialog != nullptr) {
-      if (const DialogControl* l = dialog->Find(f.control->label_id)) {
-        label = l->text;
-        listed.insert(l->id);
-      }
-    } else if (f.tag == lk::kTagCheck && r != nullptr) {
-      // A check box without a static of its own is labelled by its own text.
-      label = r->text;
-    }
-    c["label"] = lk::Cp1252ToUtf8(label);
-    c["attribute"] = f.attribute.empty() ? nlohmann::json(nullptr) : nlohmann::json(f.attribute);
-    const lk::ActionControlRow* a = window.ActionOf(id);
-    c["keyword"] = (a != nullptr && a->command != nullptr && a->command[0] != '\0')
-                       ? nlohmann::json(a->command)
-                       : nlohmann::json(nullptr);
-    Place(&c, r);
-    c["enabled"] = window.Enabled(id);
-    const std::string display = Display(f.buffer.data());
-    const bool field = f.tag != lk::kTagButton && f.tag != lk::kTagScroll && f.tag != 0 &&
-                       f.tag != lk::kTagList && f.tag != lk::kTagColumnDropDown;
-    c["value"] = field ? lk::Cp1252ToUtf8(TrimRight(f.value)) : "";
-    c["display"] = field ? display : "      ";
-    c["focus"] = field && display[1] == 'i';
-    c["error"] = field && display.compare(0, 2, "10") == 0;
-    c["protected"] = f.tag == lk::kTagProtected || (field && display[1] == 'g');
-    if (r != nullptr && r->is_default) c["default"] = true;
-    if (r != nullptr && r->multiple) c["multiple"] = true;
-    if (f.tag == lk::kTagRadio || f.tag == lk::kTagDropDown || f.tag == lk::kTagCheck) {
-      nlohmann::json options = Options(f, module);
-      if (f.option >= 0 && f.option < static_cast<int>(options.size()))
-        c["value"] = options[f.option]["value"];
-      c["options"] = std::move(options);
-    }
-    if (f.tag == lk::kTagList || f.tag == lk::kTagColumnDropDown) {
-      const auto* list = static_cast<const lk::ListDescriptor*>(f.control->descriptor);
-      nlohmann::json columns = nlohmann::json::array();
-      std::vector<std::pair<int, const lk::AttributeType*>> cuts;  // value offset, type
-      int offset = 0;
-      for (const lk::ListColumnRow* col = list->columns; col != nullptr && col->right_edge != 0;
-           ++col) {
-        std::string heading;
-        nlohmann::json attribute = nullptr;
-        if (dialog != nullptr) {
-          if (const DialogControl* h = dialog->Find(col->heading_id)) {
-            heading = h->text;
-            if (!h->attribute.empty()) attribute = h->attribute;
-            listed.insert(h->id);
-          }
-        }
-        columns.push_back({{"heading", lk::Cp1252ToUtf8(heading)},
-                           {"attribute", std::move(attribute)},
-                           {"right", col->right_edge},
-                           {"align", std::string(1, static_cast<char>(col->alignment))}});
-        cuts.emplace_back(offset + lk::kDisplayWidth, &col->type);
-        offset += lk::kDisplayWidth + ColumnStorage(col->type);
-      }
-      nlohmann::json rows = nlohmann::json::array();
-      for (const ListRow& lr : f.rows) {
-        nlohmann::json cells = nlohmann::json::array();
-        for (auto [at, type] : cuts) {
-          std::string cell;
-          if (at + ColumnStorage(*type) <= static_cast<int>(lr.buffer.size()))
-            cell = CellText(*type, lr.buffer.data() + at);
-          cells.push_back(lk::Cp1252ToUtf8(cell));
-        }
-        rows.push_back({{"row", lr.row_number},
-                        {"cells", std::move(cells)},
-                        {"selected", lr.flag == 'S' || lr.flag == 'C'}});
-      }
-      c["columns"] = std::move(columns);
-      c["rows"] = std::move(rows);
-    }
-    controls.push_back(std::move(c));
+  out->append("{\"controls\":[");
+  bool first = true;
+  for (const Field& f : window.fields()) {
+    if (!first) out->push_back(',');
+    first = false;
+    AppendField(out, window, f, module);
   }
   // Static texts and group boxes, in template order.
   if (dialog != nullptr) {
     for (const DialogControl& r : dialog->controls) {
       if (r.kind != "static" && r.kind != "group") continue;
-      nlohmann::json c;
-      c["id"] = r.id;
-      std::string design;
-      for (const lk::StaticItemRow* s = window.row()->statics; s != nullptr && s->id_kind != 0; ++s)
-        if ((s->id_kind >> 16) == r.id && s->design_name != nullptr) design = s->design_name;
-      c["name"] = design;
-      c["type"] = r.kind;
-      c["label"] = lk::Cp1252ToUtf8(r.text);
-      c["attribute"] = nullptr;
-      c["keyword"] = nullptr;
-      Place(&c, &r);
-      c["align"] = r.center ? "C" : "L";
-      c["enabled"] = true;
-      c["value"] = "";
-      c["display"] = "      ";
-      c["focus"] = false;
-      c["error"] = false;
-      c["protected"] = false;
-      controls.push_back(std::move(c));
+      if (!first) out->push_back(',');
+      first = false;
+      AppendStatic(out, window, r);
     }
   }
-  w["controls"] = std::move(controls);
-  return w;
+  out->append("],\"height\":");
+  AppendInt(out, dialog != nullptr ? dialog->height : 200);
+  out->append(",\"kind\":");
+  AppendString(out, window.row()->kind);
+  out->append(",\"name\":");
+  AppendString(out, window.row()->name);
+  out->append(",\"procedure\":");
+  AppendString(out, procedure_name);
+  out->append(",\"title\":");
+  if (dialog != nullptr) {
+    AppendCp1252(out, dialog->title);
+  } else {
+    AppendString(out, window.row()->name);
+  }
+  out->append(",\"width\":");
+  AppendInt(out, dialog != nullptr ? dialog->width : 316);
+  out->push_back('}');
 }
 
 }  // namespace watrix

@@ -152,5 +152,29 @@ TEST_F(ScreenTextTest, CheckBoxesWithoutAStaticShowTheirOwnText) {
   EXPECT_EQ("check", Find(w, "name", "FLAG2")["type"]);
 }
 
+// The SCREEN's text is written as it is sent, without a json tree; it must
+// be what a dump of its json writes, keys in sorted order, byte for byte.
+TEST_F(ScreenTextTest, TheTextIsTheDumpOfItsJson) {
+  auto same = [this](const char* where) {
+    const std::string text = session_->ScreenText();
+    EXPECT_EQ(json::parse(text).dump(-1, ' ', false, json::error_handler_t::replace), text)
+        << where;
+  };
+  same("menu");
+  Click(kMenu, "Lab &Remark");
+  same("lab remark list");
+  Click(kList, "&Add");
+  same("lab remark entry");
+  const TextReply r = session_->EventText(
+      {{"window", kEntry}, {"control", "Accep&t"}, {"event", "Click"},
+       {"values", {{"SHORT_NAME", "\xC2\xB5"}, {"DESCRIPTION_TEXT", "Micro \"\xC2\xB5\" \\ sign"}}}});
+  ASSERT_EQ(200, r.status) << r.body;
+  EXPECT_EQ(session_->ScreenText(), r.body);
+  same("after the new remark");
+  const TextReply refused = session_->EventText({{"window", "NO_SUCH_WINDOW"}});
+  EXPECT_EQ(400, refused.status);
+  EXPECT_EQ(json({{"error", "event needs \"control\""}}).dump(), refused.body);
+}
+
 }  // namespace
 }  // namespace watrix

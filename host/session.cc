@@ -11,6 +11,7 @@
 
 #include "frame/views.h"
 #include "host/screen.h"
+#include "host/screen_text.h"
 #include "services/cp1252.h"
 #include "services/text.h"
 
@@ -23,6 +24,11 @@ constexpr char kPermittedText[] =
     "Field does not contain permitted value; Please retry; Use Help for field information.";
 
 Reply Refuse(int status, const std::string& reason) { return {status, {{"error", reason}}}; }
+
+std::string RefusalText(const std::string& reason) {
+  return nlohmann::json{{"error", reason}}.dump(-1, ' ', false,
+                                                 nlohmann::json::error_handler_t::replace);
+}
 
 std::string Trimmed(const char* text, std::size_t width) {
   std::string s(text, strnlen(text, width));
@@ -574,18 +580,22 @@ std::string MatchControl(const OpenWindow& window, const nlohmann::json& key, in
 
 }  // namespace
 
-Reply Session::Event(const nlohmann::json& event) {
-  if (!event.is_object()) return Refuse(400, "an event must be a JSON object");
-  if (ended_) return Refuse(409, "the run has ended");
+int Session::Take(const nlohmann::json& event, std::string* reason) {
+  auto refuse = [reason](int status, std::string why) {
+    *reason = std::move(why);
+    return status;
+  };
+  if (!event.is_object()) return refuse(400, "an event must be a JSON object");
+  if (ended_) return refuse(409, "the run has ended");
   for (const char* required : {"window", "control", "event"})
-    if (!event.contains(required)) return Refuse(400, std::string("event needs \"") + required + "\"");
-  if (!event["window"].is_string()) return Refuse(400, "window must be a text");
-  if (!event["event"].is_string()) return Refuse(400, "event must be a text");
+    if (!event.contains(required)) return refuse(400, std::string("event needs \"") + required + "\"");
+  if (!event["window"].is_string()) return refuse(400, "window must be a text");
+  if (!event["event"].is_string()) return refuse(400, "event must be a text");
   const std::string window_name = event["window"].get<std::string>();
   const std::string kind = event["event"].get<std::string>();
   if (kind != "Click" && kind != "DoubleClick" && kind != "Changed" && kind != "Keypress" &&
       kind != "Close")
-    return Refuse(400, "unknown event '" + kind + "'");
+    return refuse(400, "unknown event '" + kind + "'");
 
   // The window: only the top one of the active procedure takes events.
   Activation* act = top();
@@ -599,17 +609,17 @@ Reply Session::Event(const nlohmann::json& event) {
     }
   }
   if (window == nullptr) {
-    if (elsewhere) return Refuse(409, "window " + window_name + " is not the active window");
-    return Refuse(400, "no open window " + window_name);
+    if (elsewhere) return refuse(409, "window " + window_name + " is not the active window");
+    return refuse(400, "no open window " + window_name);
   }
 
   int field = -1;
   lk::u32 control_id = 0;
   std::string why = MatchControl(*window, event["control"], &field, &control_id);
-  if (!why.empty()) return Refuse(400, why);
-  if (field < 0 && kind != "Close") return Refuse(400, "a static text takes no events");
+  if (!why.empty()) return refuse(400, why);
+  if (field < 0 && kind != "Close") return refuse(400, "a static text takes no events");
   if (field >= 0 && !window->Enabled(control_id))
-    return Refuse(400, "control " + std::to_string(control_id) + " is disabled");
+    return refuse(400, "control " + std::to_string(control_id) + " is disabled");
 
   // Values typed since the last screen: checked whole before any goes in.
   struct Typed {
@@ -620,30 +630,30 @@ Reply Session::Event(const nlohmann::json& event) {
   std::vector<Typed> typed;
   std::string refusal_message;
   if (event.contains("values")) {
-    if (!event["values"].is_object()) return Refuse(400, "values must be an object");
+    if (!event["values"].is_object()) return refuse(400, "values must be an object");
     for (const auto& [key, value] : event["values"].items()) {
       int k = -1;
       lk::u32 id = 0;
       nlohmann::json key_json = key;
       why = MatchControl(*window, key_json, &k, &id);
-      if (!why.empty()) return Refuse(400, why);
-      if (k < 0) return Refuse(400, "a static text takes no value");
+      if (!why.empty()) return refuse(400, why);
+      if (k < 0) return refuse(400, "a static text takes no value");
       const Field& f = window->fields()[k];
       if (!IsEntry(f.tag) && !IsOption(f.tag))
-        return Refuse(400, "control " + key + " takes no typed value");
-      if (f.tag == lk::kTagProtected) return Refuse(400, "field " + key + " is protected");
-      if (!window->Enabled(id)) return Refuse(400, "control " + key + " is disabled");
-      if (!value.is_string()) return Refuse(400, "value of " + key + " must be a text");
+        return refuse(400, "control " + key + " takes no typed value");
+      if (f.tag == lk::kTagProtected) return refuse(400, "field " + key + " is protected");
+      if (!window->Enabled(id)) return refuse(400, "control " + key + " is disabled");
+      if (!value.is_string()) return refuse(400, "value of " + key + " must be a text");
       std::string text;
       if (!lk::Utf8ToCp1252(value.get<std::string>(), &text, &why))
-        return Refuse(400, "value of " + key + ": " + why);
+        return refuse(400, "value of " + key + ": " + why);
       int option = -1;
       if (IsEntry(f.tag)) {
         const char letter = f.type->type_letter != nullptr ? f.type->type_letter[0] : 'S';
         if (letter == 'B' || letter == 'L' || letter == 'I') {
-          if (!NumberFits(text, *f.type, &why)) return Refuse(400, "value of " + key + ": " + why);
+          if (!NumberFits(text, *f.type, &why)) return refuse(400, "value of " + key + ": " + why);
         } else if (static_cast<int>(text.size()) > f.width) {
-          return Refuse(400, "value of " + key + " is longer than its field (" +
+          return refuse(400, "value of " + key + " is longer than its field (" +
                                  std::to_string(f.width) + " characters)");
         }
         if (f.type->permitted != nullptr && !Permitted(f.type->permitted, text, nullptr))
@@ -663,34 +673,34 @@ Reply Session::Event(const nlohmann::json& event) {
   // list: an empty array takes every highlight off.
   const bool has_rows = event.contains("rows");
   if (event.contains("row")) {
-    if (!event["row"].is_number_integer()) return Refuse(400, "row must be a number");
+    if (!event["row"].is_number_integer()) return refuse(400, "row must be a number");
     row = event["row"].get<int>();
   }
   if (event.contains("rows")) {
-    if (!event["rows"].is_array()) return Refuse(400, "rows must be an array");
+    if (!event["rows"].is_array()) return refuse(400, "rows must be an array");
     for (const auto& r : event["rows"]) {
-      if (!r.is_number_integer()) return Refuse(400, "rows must hold numbers");
+      if (!r.is_number_integer()) return refuse(400, "rows must hold numbers");
       rows.push_back(r.get<int>());
     }
   }
   std::string key_text;
   if (event.contains("key")) {
-    if (!event["key"].is_string()) return Refuse(400, "key must be a text");
+    if (!event["key"].is_string()) return refuse(400, "key must be a text");
     if (!lk::Utf8ToCp1252(event["key"].get<std::string>(), &key_text, &why))
-      return Refuse(400, "key: " + why);
+      return refuse(400, "key: " + why);
   }
   if (row != 0 || has_rows) {
     if (field < 0 || !IsList(window->fields()[field].tag))
-      return Refuse(400, "row and rows belong to a list");
+      return refuse(400, "row and rows belong to a list");
     const Field& f = window->fields()[field];
     auto shown = [&f](int n) {
       for (const ListRow& r : f.rows)
         if (r.row_number == n) return true;
       return false;
     };
-    if (row != 0 && !shown(row)) return Refuse(400, "the list shows no row " + std::to_string(row));
+    if (row != 0 && !shown(row)) return refuse(400, "the list shows no row " + std::to_string(row));
     for (int n : rows)
-      if (!shown(n)) return Refuse(400, "the list shows no row " + std::to_string(n));
+      if (!shown(n)) return refuse(400, "the list shows no row " + std::to_string(n));
   }
 
   // From here the event is taken.
@@ -700,7 +710,7 @@ Reply Session::Event(const nlohmann::json& event) {
   failed_ = false;
   if (!refusal_message.empty()) {
     message_ = nlohmann::json{{"kind", "E"}, {"text", refusal_message}};
-    return {200, Screen()};
+    return 200;
   }
 
   std::vector<int> changed;
@@ -732,11 +742,11 @@ Reply Session::Event(const nlohmann::json& event) {
     if (a != nullptr && (a->action == 3 || a->action == 5 ||
                          (a->command != nullptr && std::strcmp(a->command, "HELP") == 0))) {
       help_ = std::string("/help/") + window->row()->name;
-      return {200, Screen()};
+      return 200;
     }
   }
 
-  if (!BeginEvent()) return {200, Screen()};
+  if (!BeginEvent()) return 200;
   // Changed events of the fields the user edited, then the event itself.
   for (int k : changed) {
     const lk::EventRow* r = window->EventOf(window->fields()[k].control->control_id, "Changed");
@@ -745,7 +755,7 @@ Reply Session::Event(const nlohmann::json& event) {
     if (failed_ || ended_ || top() != act || act->windows.empty() ||
         act->windows.back().get() != window) {
       if (!failed_) CommitEvent();
-      return {200, Screen()};
+      return 200;
     }
   }
   const lk::EventRow* r = window->EventOf(field >= 0 ? control_id : window->row()->dialog_id,
@@ -769,21 +779,58 @@ Reply Session::Event(const nlohmann::json& event) {
     }
   }
   if (!failed_) CommitEvent();
+  return 200;
+}
+
+Reply Session::Event(const nlohmann::json& event) {
+  std::string reason;
+  const int status = Take(event, &reason);
+  if (status != 200) return Refuse(status, reason);
   return {200, Screen()};
 }
 
-nlohmann::json Session::Screen() const {
-  nlohmann::json screen;
-  screen["windows"] = nlohmann::json::array();
-  if (const Activation* act = top()) {
-    for (const auto& w : act->windows)
-      screen["windows"].push_back(WindowJson(*w, *act->module, act->procedure->name));
+TextReply Session::EventText(const nlohmann::json& event) {
+  std::string reason;
+  const int status = Take(event, &reason);
+  if (status != 200) return {status, RefusalText(reason)};
+  return {200, ScreenText()};
+}
+
+nlohmann::json Session::Screen() const { return nlohmann::json::parse(ScreenText()); }
+
+std::string Session::ScreenText() const {
+  using screen_text::AppendBool;
+  using screen_text::AppendString;
+  std::string out;
+  // The last screen's size: a list's screen is large, and grows no longer
+  // by doubling.
+  out.reserve(screen_size_);
+  out.append("{\"ended\":");
+  AppendBool(&out, ended_);
+  out.append(",\"failure\":");
+  out.append(failure_.dump(-1, ' ', false, nlohmann::json::error_handler_t::replace));
+  if (!help_.empty()) {
+    out.append(",\"help\":");
+    AppendString(&out, help_);
   }
-  screen["message"] = message_.has_value() ? *message_ : nlohmann::json(nullptr);
-  screen["failure"] = failure_;
-  screen["ended"] = ended_;
-  if (!help_.empty()) screen["help"] = help_;
-  return screen;
+  out.append(",\"message\":");
+  if (message_.has_value()) {
+    out.append(message_->dump(-1, ' ', false, nlohmann::json::error_handler_t::replace));
+  } else {
+    out.append("null");
+  }
+  out.append(",\"windows\":[");
+  if (const Activation* act = top()) {
+    bool first = true;
+    for (const auto& w : act->windows) {
+      if (!first) out.push_back(',');
+      first = false;
+      AppendWindowJson(*w, *act->module, act->procedure->name, &out);
+    }
+  }
+  out.append("]}");
+  screen_size_ = out.size();
+  return out;
 }
 
 }  // namespace watrix

@@ -67,10 +67,14 @@ class Session {
   // reason the start is refused.
   std::string Start(const std::string& user, const std::string& org, const StartRequest& start);
 
-  // Runs one EVENT and answers the SCREEN, or a refusal.
+  // Runs one EVENT and answers the SCREEN, or a refusal. EventText gives
+  // the same answer with its body as JSON text, as the HTTP interface sends
+  // it; Event parses that text.
   Reply Event(const nlohmann::json& event);
+  TextReply EventText(const nlohmann::json& event);
 
-  // The SCREEN as it stands.
+  // The SCREEN as it stands, as JSON text, and parsed.
+  std::string ScreenText() const;
   nlohmann::json Screen() const;
 
   bool ended() const { return ended_; }
@@ -78,6 +82,10 @@ class Session {
 
  private:
   struct Matched;
+
+  // Takes one EVENT: 200 when it ran (the SCREEN tells how), else the
+  // status of the refusal, with its reason in *reason.
+  int Take(const nlohmann::json& event, std::string* reason);
 
   // Entry points of the services, through the ports behind HandleA/HandleB.
   static void PortClock(void* host, std::int32_t* date, std::int32_t* time, char* text);
@@ -128,6 +136,7 @@ class Session {
   std::optional<nlohmann::json> message_;
   nlohmann::json failure_;
   std::string help_;
+  mutable std::size_t screen_size_ = 0;  // of the last SCREEN text
 };
 
 }  // namespace watrix

@@ -210,11 +210,11 @@ struct HttpServer::Impl {
       return;
     }
     if (req.path == "/api/screen") {
-      Answer(res, host->Screen(token));
+      Answer(res, host->ScreenText(token));
     } else if (req.path == "/api/events") {
       nlohmann::json event;
       if (!ParseObject(req, res, &event)) return;
-      Answer(res, host->Event(token, event));
+      Answer(res, host->EventText(token, event));
     } else {
       Answer(res, host->EndSession(token));
     }
@@ -223,6 +223,18 @@ struct HttpServer::Impl {
   static void Answer(httplib::Response& res, const Reply& reply) {
     if (reply.status == 401) res.set_header("WWW-Authenticate", "Bearer");
     SendJson(res, reply.status, reply.body);
+  }
+
+  // The same for a body that is JSON text already; "" is no body.
+  static void Answer(httplib::Response& res, TextReply reply) {
+    if (reply.status == 401) res.set_header("WWW-Authenticate", "Bearer");
+    res.status = reply.status;
+    if (reply.status == 204 || reply.body.empty()) {
+      res.body.clear();
+      return;
+    }
+    res.set_content("", 0, kJsonType);
+    res.body = std::move(reply.body);
   }
 
   Host* const host;
