@@ -528,7 +528,9 @@ function show(next, cause, quiet = false) {
   const names = new Set(next.windows.map((w) => w.name));
   for (const [key, d] of [...dirty]) if (!names.has(d.win)) dirty.delete(key);
 
-  renderWindows(desktop, next.windows, { isDirty: (win, id) => dirty.has(dirtyKey(win, id)) });
+  const drawRows = renderWindows(desktop, next.windows, {
+    isDirty: (win, id) => dirty.has(dirtyKey(win, id)),
+  });
   const top = topWindow();
   document.title = top ? `${top.title} - WATRIX` : 'WATRIX';
 
@@ -591,6 +593,9 @@ function show(next, cause, quiet = false) {
     });
   }
   placeFocus(!!cause && cause.event !== 'Changed');
+  // The list rows come last: nothing after them reads the layout, so the
+  // browser lays them out once, when it paints.
+  drawRows();
 }
 
 /** @param {string} text */
@@ -607,7 +612,7 @@ function showLogin(note = '') {
   screen = null;
   dirty.clear();
   epoch++;
-  renderWindows(desktop, [], { isDirty: () => false });
+  renderWindows(desktop, [], { isDirty: () => false })();
   boxes.length = 0;
   boxLayer.hidden = true;
   boxLayer.replaceChildren();
