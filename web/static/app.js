@@ -531,6 +531,23 @@ function show(next, cause, quiet = false) {
   const drawRows = renderWindows(desktop, next.windows, {
     isDirty: (win, id) => dirty.has(dirtyKey(win, id)),
   });
+  try {
+    announce(next, cause, quiet);
+  } finally {
+    // The list rows come last: nothing after them reads the layout, so the
+    // browser lays them out once, when it paints.
+    drawRows();
+  }
+}
+
+/**
+ * The rest of drawing a screen: the title, the status line, help, the
+ * boxes, and the cursor.
+ * @param {Screen} next
+ * @param {UiEvent|null} cause
+ * @param {boolean} quiet
+ */
+function announce(next, cause, quiet) {
   const top = topWindow();
   document.title = top ? `${top.title} - WATRIX` : 'WATRIX';
 
@@ -593,9 +610,6 @@ function show(next, cause, quiet = false) {
     });
   }
   placeFocus(!!cause && cause.event !== 'Changed');
-  // The list rows come last: nothing after them reads the layout, so the
-  // browser lays them out once, when it paints.
-  drawRows();
 }
 
 /** @param {string} text */
