@@ -295,14 +295,15 @@ const listSheet = new CSSStyleSheet();
 document.adoptedStyleSheets = [...document.adoptedStyleSheets, listSheet];
 
 /**
- * Sets (or with `css` null drops) the rules of the list `id`.
- * @param {string} id
+ * Sets (or with `css` null drops) the rules under `key`: a list's element id
+ * for its columns and rows, the id and " chunks" for its chunks.
+ * @param {string} key
  * @param {string|null} css
  */
-function setListRules(id, css) {
-  if (css === null ? !listRules.has(id) : listRules.get(id) === css) return;
-  if (css === null) listRules.delete(id);
-  else listRules.set(id, css);
+function setListRules(key, css) {
+  if (css === null ? !listRules.has(key) : listRules.get(key) === css) return;
+  if (css === null) listRules.delete(key);
+  else listRules.set(key, css);
   listSheet.replaceSync([...listRules.values()].join('\n'));
 }
 
@@ -321,6 +322,49 @@ function listCss(id, spans, full) {
         `${at} .c${i} { left: ${px(s.left * DLU_X)}; width: ${px(s.width * DLU_X)}; text-align: ${textAlign(s.align)}; }`,
     ),
   ].join('\n');
+}
+
+/** The width of a list's rows, in CSS pixels. @type {WeakMap<HTMLElement, number>} */
+const rowWidths = new WeakMap();
+
+/** Rows in a chunk: the browser lays out and paints a chunk only near the view. */
+const CHUNK_ROWS = 50;
+
+/**
+ * The rule for the chunks of a list's rows. A chunk is drawn on its own
+ * (`content-visibility: auto`, style.css), and the browser puts such a box on
+ * a whole device pixel; a list whose left or top edge falls between pixels
+ * would then show its rows' text moved by a fraction of a pixel. So a chunk
+ * starts that fraction (`fx`, `fy`, in CSS pixels) up and to the left of
+ * where its rows start, on a whole pixel, and a padding of the same fraction
+ * keeps the rows where they would stand without chunks. Chunks overlap their
+ * neighbour by `fy`, with nothing drawn there.
+ * @param {string} id the list's element id
+ * @param {number} width of a row, in CSS pixels
+ * @param {number} fx
+ * @param {number} fy
+ */
+function chunkCss(id, width, fx, fy) {
+  const f = (/** @type {number} */ v) => `${Math.round(v * 1e4) / 1e4}px`;
+  return (
+    `#${CSS.escape(id)} .list-chunk { width: ${f(width + fx)}; ` +
+    `margin: ${f(-fy)} 0 0 ${f(-fx)}; padding: ${f(fy)} 0 0 ${f(fx)}; }`
+  );
+}
+
+/**
+ * Brings the rule for a list's chunks up to date with where its rows start
+ * on the screen's pixels. Reads the layout: called when the rows are
+ * drawn, after all else that reads it.
+ * @param {HTMLElement} el the list
+ * @param {HTMLElement} body its scrolling body
+ */
+function alignChunks(el, body) {
+  const box = body.getBoundingClientRect();
+  const dpr = window.devicePixelRatio || 1;
+  const frac = (/** @type {number} */ v) => (v * dpr - Math.floor(v * dpr)) / dpr;
+  const width = rowWidths.get(el) ?? 0;
+  setListRules(`${el.id} chunks`, chunkCss(el.id, width, frac(box.left), frac(box.top)));
 }
 
 /** @type {Record<string, string>} */
@@ -354,21 +398,81 @@ function rowHtml(listId, r, columns) {
   return `${html}</div>`;
 }
 
+/** List bodies with chunks still drawn only near the view. @type {Set<HTMLElement>} */
+const undrawn = new Set();
+let drawScheduled = false;
+/** Chunks drawn in full in one idle period. */
+const CHUNKS_PER_IDLE = 4;
+
 /**
- * Gives the cells of rows drawn from markup the texts that markup cannot carry.
+ * Draws the chunks of a list in full, a few at a time, when the page is
+ * idle. The first frame of a long list thus lays out and paints only the
+ * rows in sight, and soon after every row is laid out as in a short list:
+ * a row that a program scrolls to and clicks at once, as test drivers do,
+ * is there to be hit.
  * @param {HTMLElement} body
+ */
+function drawWhenIdle(body) {
+  undrawn.add(body);
+  if (drawScheduled) return;
+  drawScheduled = true;
+  const later =
+    window.requestIdleCallback?.bind(window) ??
+    ((/** @type {() => void} */ f) => window.setTimeout(f, 50));
+  const step = () => {
+    drawScheduled = false;
+    let budget = CHUNKS_PER_IDLE;
+    for (const b of undrawn) {
+      const rest = b.isConnected ? [...b.querySelectorAll(':scope > .list-chunk:not(.drawn)')] : [];
+      const now = rest.slice(0, budget);
+      for (const chunk of now) chunk.classList.add('drawn');
+      budget -= now.length;
+      if (now.length === rest.length) undrawn.delete(b);
+      if (budget === 0) break;
+    }
+    if (undrawn.size) {
+      drawScheduled = true;
+      later(step);
+    }
+  };
+  later(step);
+}
+
+/**
+ * The markup of chunks that hold `rows`, CHUNK_ROWS to a chunk.
+ * @param {string} listId
  * @param {import('./api.js').ListRow[]} rows
- * @param {number} from the index of the first of `rows` in the body
  * @param {number} columns
  */
-function fixUnparsed(body, rows, from, columns) {
+function chunksHtml(listId, rows, columns) {
+  let html = '';
+  for (let at = 0; at < rows.length; at += CHUNK_ROWS) {
+    const part = rows.slice(at, at + CHUNK_ROWS);
+    html +=
+      `<div class="list-chunk" style="contain-intrinsic-height: ${part.length * ROW_PX}px">` +
+      part.map((r) => rowHtml(listId, r, columns)).join('') +
+      '</div>';
+  }
+  return html;
+}
+
+/**
+ * Gives the cells of rows drawn from markup the texts that markup cannot carry.
+ * @param {Element[]} rowEls the rows drawn
+ * @param {import('./api.js').ListRow[]} rows their rows from the host
+ * @param {number} columns
+ */
+function fixUnparsed(rowEls, rows, columns) {
   rows.forEach((r, k) => {
     for (let i = 0; i < columns; i++) {
       const text = r.cells[i] ?? '';
-      if (UNPARSED.test(text)) body.children[from + k].children[i].textContent = text;
+      if (UNPARSED.test(text)) rowEls[k].children[i].textContent = text;
     }
   });
 }
+
+/** @param {HTMLElement} body @returns {HTMLElement[]} the rows of a list's body */
+const rowsOf = (body) => /** @type {HTMLElement[]} */ ([...body.getElementsByClassName('list-row')]);
 
 /**
  * Brings a drawn row up to date with the host's, touching only what changed.
@@ -417,6 +521,7 @@ function updateListHead(el, c) {
   const spans = columnSpans(c);
   const full = Math.max(c.w, ...spans.map((s) => s.left + s.width));
   setListRules(el.id, listCss(el.id, spans, full));
+  rowWidths.set(el, full * DLU_X);
   const hasHead = (c.columns ?? []).some((col) => col.heading);
   head.hidden = !hasHead;
   head.style.width = px(full * DLU_X);
@@ -432,9 +537,26 @@ function updateListHead(el, c) {
 }
 
 /**
- * Draws a list's rows: all of them at once into an empty list, else only the
- * rows that changed, so that the list keeps its elements and its scroll
- * position. A single-selection list scrolls a newly selected row into view.
+ * Whether a list shows other rows than it drew last.
+ * @param {Control} c
+ * @param {Map<number, ListDrawn>} data what was drawn last, by control id
+ */
+function listChanged(c, data) {
+  const rows = c.rows ?? [];
+  const before = data.get(c.id);
+  return !(
+    before &&
+    before.columns === (c.columns ?? []).length &&
+    before.rows.length === rows.length &&
+    rows.every((r, i) => sameRow(r, before.rows[i]))
+  );
+}
+
+/**
+ * Draws a list's rows, in chunks of CHUNK_ROWS: all of them at once into an
+ * empty list, else only the rows that changed, so that the list keeps its
+ * elements and its scroll position. A single-selection list scrolls a newly
+ * selected row into view.
  * @param {HTMLElement} el
  * @param {Control} c
  * @param {Map<number, ListDrawn>} data what was drawn last, by control id
@@ -443,33 +565,38 @@ function fillList(el, c, data) {
   const rows = c.rows ?? [];
   const columns = (c.columns ?? []).length;
   const before = data.get(c.id);
-  if (
-    before &&
-    before.columns === columns &&
-    before.rows.length === rows.length &&
-    rows.every((r, i) => sameRow(r, before.rows[i]))
-  ) {
-    return;
-  }
   data.set(c.id, { rows, columns });
   const prevSelected = before?.rows.find((r) => r.selected)?.row;
   const body = /** @type {HTMLElement} */ (el.querySelector('.list-body'));
 
   if (!before || before.columns !== columns || !body.firstElementChild) {
-    body.innerHTML = rows.map((r) => rowHtml(el.id, r, columns)).join('');
-    fixUnparsed(body, rows, 0, columns);
+    body.innerHTML = chunksHtml(el.id, rows, columns);
+    if (rows.some((r) => r.cells.some((t) => UNPARSED.test(t)))) fixUnparsed(rowsOf(body), rows, columns);
+    if (rows.length) drawWhenIdle(body);
   } else {
-    const shown = body.children;
+    const shown = rowsOf(body);
     const common = Math.min(shown.length, rows.length);
     for (let i = 0; i < common; i++) {
-      if (!sameRow(rows[i], before.rows[i])) patchRow(/** @type {HTMLElement} */ (shown[i]), el.id, rows[i], columns);
+      if (!sameRow(rows[i], before.rows[i])) patchRow(shown[i], el.id, rows[i], columns);
     }
-    while (shown.length > rows.length) /** @type {Element} */ (body.lastElementChild).remove();
+    for (const gone of shown.slice(rows.length)) {
+      const chunk = /** @type {HTMLElement} */ (gone.parentElement);
+      gone.remove();
+      if (!chunk.firstElementChild) chunk.remove();
+    }
     if (rows.length > common) {
-      const added = rows.slice(common);
-      body.insertAdjacentHTML('beforeend', added.map((r) => rowHtml(el.id, r, columns)).join(''));
-      fixUnparsed(body, added, common, columns);
+      // The last chunk is filled up first, then new chunks follow.
+      const last = /** @type {HTMLElement|null} */ (body.lastElementChild);
+      const room = last ? CHUNK_ROWS - last.childElementCount : 0;
+      const into = rows.slice(common, common + room);
+      if (last && into.length) last.insertAdjacentHTML('beforeend', into.map((r) => rowHtml(el.id, r, columns)).join(''));
+      const more = rows.slice(common + into.length);
+      body.insertAdjacentHTML('beforeend', chunksHtml(el.id, more, columns));
+      fixUnparsed(rowsOf(body).slice(common), rows.slice(common), columns);
+      if (more.length) drawWhenIdle(body);
     }
+    const last = /** @type {HTMLElement|null} */ (body.lastElementChild);
+    if (last) last.style.setProperty('contain-intrinsic-height', `${last.childElementCount * ROW_PX}px`);
   }
 
   // In a multiple-selection list the highlighted rows are the user's choice
@@ -480,7 +607,7 @@ function fillList(el, c, data) {
   }
   const selected = rows.find((r) => r.selected);
   if (selected && selected.row !== prevSelected) {
-    const sel = /** @type {HTMLElement|null} */ (body.querySelector(`:scope > [data-row="${selected.row}"]`));
+    const sel = /** @type {HTMLElement|null} */ (body.querySelector(`.list-row[data-row="${selected.row}"]`));
     sel?.scrollIntoView({ block: 'nearest' });
   }
 }
@@ -552,7 +679,8 @@ function isListHeading(w, c) {
  * @param {WinView} view
  * @param {RenderOptions} opts
  * @param {HTMLElement[]} toFit labels whose text changed
- * @param {(() => void)[]} later the drawing of list rows, left to the end
+ * @param {{el: HTMLElement, c: Control, data: Map<number, ListDrawn>}[]} later
+ *   the lists whose rows are drawn at the end
  */
 function updateControl(el, c, w, view, opts, toFit, later) {
   const disabled = !c.enabled;
@@ -638,7 +766,7 @@ function updateControl(el, c, w, view, opts, toFit, later) {
       el.tabIndex = disabled ? -1 : 0;
       if (c.label) el.setAttribute('aria-label', parseLabel(c.label).plain);
       updateListHead(el, c);
-      later.push(() => fillList(el, c, view.data));
+      later.push({ el, c, data: view.data });
       break;
     }
     case 'button':
@@ -787,7 +915,11 @@ function position(desktop, view, views, windows, index) {
 function dropView(view) {
   view.el.remove();
   view.backdrop?.remove();
-  for (const el of view.controls.values()) if (el.dataset.type === 'list') setListRules(el.id, null);
+  for (const el of view.controls.values()) {
+    if (el.dataset.type !== 'list') continue;
+    setListRules(el.id, null);
+    setListRules(`${el.id} chunks`, null);
+  }
 }
 
 /**
@@ -820,7 +952,7 @@ export function renderWindows(desktop, windows, opts) {
 
   /** @type {HTMLElement[]} */
   const toFit = [];
-  /** @type {(() => void)[]} */
+  /** @type {{el: HTMLElement, c: Control, data: Map<number, ListDrawn>}[]} */
   const later = [];
   windows.forEach((w, i) => {
     let view = views.get(w.name);
@@ -862,7 +994,10 @@ export function renderWindows(desktop, windows, opts) {
   });
   for (const el of toFit) fitText(el);
   return () => {
-    for (const draw of later) draw();
+    const changed = later.filter((l) => listChanged(l.c, l.data));
+    // Every list is measured before any gets its rows.
+    for (const l of changed) alignChunks(l.el, /** @type {HTMLElement} */ (l.el.querySelector('.list-body')));
+    for (const l of changed) fillList(l.el, l.c, l.data);
   };
 }
 
