@@ -528,7 +528,26 @@ function show(next, cause, quiet = false) {
   const names = new Set(next.windows.map((w) => w.name));
   for (const [key, d] of [...dirty]) if (!names.has(d.win)) dirty.delete(key);
 
-  renderWindows(desktop, next.windows, { isDirty: (win, id) => dirty.has(dirtyKey(win, id)) });
+  const drawRows = renderWindows(desktop, next.windows, {
+    isDirty: (win, id) => dirty.has(dirtyKey(win, id)),
+  });
+  try {
+    announce(next, cause, quiet);
+  } finally {
+    // The list rows come last: nothing after them reads the layout, so the
+    // browser lays them out once, when it paints.
+    drawRows();
+  }
+}
+
+/**
+ * The rest of drawing a screen: the title, the status line, help, the
+ * boxes, and the cursor.
+ * @param {Screen} next
+ * @param {UiEvent|null} cause
+ * @param {boolean} quiet
+ */
+function announce(next, cause, quiet) {
   const top = topWindow();
   document.title = top ? `${top.title} - WATRIX` : 'WATRIX';
 
@@ -607,7 +626,7 @@ function showLogin(note = '') {
   screen = null;
   dirty.clear();
   epoch++;
-  renderWindows(desktop, [], { isDirty: () => false });
+  renderWindows(desktop, [], { isDirty: () => false })();
   boxes.length = 0;
   boxLayer.hidden = true;
   boxLayer.replaceChildren();

@@ -3,9 +3,10 @@
 // window keeps the proportions it was designed with.
 //
 // Drawing is incremental: a window that keeps its controls keeps its
-// elements, and only values, states and texts change. A button that the
-// mouse is pressing, a field that has the cursor and a list's scroll position
-// thus survive the answer to an event.
+// elements, and only values, states and texts change; a list redraws only
+// the rows that changed. A button that the mouse is pressing, a field that
+// has the cursor and a list's scroll position thus survive the answer to an
+// event.
 
 import { parseLabel, cancelButton, caretOf } from './keys.js';
 
@@ -45,7 +46,7 @@ export function isField(c) {
  * @typedef {{
  *   el: HTMLElement, client: HTMLElement, title: HTMLElement,
  *   closeBox: HTMLButtonElement, backdrop: HTMLElement|null,
- *   sig: string, controls: Map<number, HTMLElement>, data: Map<number, string>
+ *   sig: string, controls: Map<number, HTMLElement>, data: Map<number, ListDrawn>
  * }} WinView
  * @typedef {{isDirty: (win: string, id: number) => boolean}} RenderOptions
  */
@@ -283,81 +284,332 @@ function textAlign(align) {
 }
 
 /**
+ * The geometry of every list on the page, in one style sheet of the page's
+ * own: a rule per list (by its element id) places its columns' cells by class
+ * (`c0`, `c1`, ...) and sizes its rows. Thousands of cells then share a few
+ * rules instead of carrying a style each.
+ * @type {Map<string, string>} list element id -> its rules
+ */
+const listRules = new Map();
+const listSheet = new CSSStyleSheet();
+document.adoptedStyleSheets = [...document.adoptedStyleSheets, listSheet];
+
+/**
+ * Sets (or with `css` null drops) the rules under `key`: a list's element id
+ * for its columns and rows, the id and " chunks" for its chunks.
+ * @param {string} key
+ * @param {string|null} css
+ */
+function setListRules(key, css) {
+  if (css === null ? !listRules.has(key) : listRules.get(key) === css) return;
+  if (css === null) listRules.delete(key);
+  else listRules.set(key, css);
+  listSheet.replaceSync([...listRules.values()].join('\n'));
+}
+
+/**
+ * The rules that place the columns of a list and size its rows.
+ * @param {string} id the list's element id
+ * @param {{left: number, width: number, align: string}[]} spans
+ * @param {number} full the width of a row, in dialog units
+ */
+function listCss(id, spans, full) {
+  const at = `#${CSS.escape(id)}`;
+  return [
+    `${at} .list-row { width: ${px(full * DLU_X)}; height: ${ROW_PX}px; }`,
+    ...spans.map(
+      (s, i) =>
+        `${at} .c${i} { left: ${px(s.left * DLU_X)}; width: ${px(s.width * DLU_X)}; text-align: ${textAlign(s.align)}; }`,
+    ),
+  ].join('\n');
+}
+
+/** The width of a list's rows, in CSS pixels. @type {WeakMap<HTMLElement, number>} */
+const rowWidths = new WeakMap();
+
+/** Rows in a chunk: the browser lays out and paints a chunk only near the view. */
+const CHUNK_ROWS = 50;
+
+/**
+ * The rule for the chunks of a list's rows. A chunk is drawn on its own
+ * (`content-visibility: auto`, style.css), and the browser puts such a box on
+ * a whole device pixel; a list whose left or top edge falls between pixels
+ * would then show its rows' text moved by a fraction of a pixel. So a chunk
+ * starts that fraction (`fx`, `fy`, in CSS pixels) up and to the left of
+ * where its rows start, on a whole pixel, and a padding of the same fraction
+ * keeps the rows where they would stand without chunks. Chunks overlap their
+ * neighbour by `fy`, with nothing drawn there.
+ * @param {string} id the list's element id
+ * @param {number} width of a row, in CSS pixels
+ * @param {number} fx
+ * @param {number} fy
+ */
+function chunkCss(id, width, fx, fy) {
+  const f = (/** @type {number} */ v) => `${Math.round(v * 1e4) / 1e4}px`;
+  return (
+    `#${CSS.escape(id)} .list-chunk { width: ${f(width + fx)}; ` +
+    `margin: ${f(-fy)} 0 0 ${f(-fx)}; padding: ${f(fy)} 0 0 ${f(fx)}; }`
+  );
+}
+
+/**
+ * Brings the rule for a list's chunks up to date with where its rows start
+ * on the screen's pixels. Reads the layout: called when the rows are
+ * drawn, after all else that reads it.
+ * @param {HTMLElement} el the list
+ * @param {HTMLElement} body its scrolling body
+ */
+function alignChunks(el, body) {
+  const box = body.getBoundingClientRect();
+  const dpr = window.devicePixelRatio || 1;
+  const frac = (/** @type {number} */ v) => (v * dpr - Math.floor(v * dpr)) / dpr;
+  const width = rowWidths.get(el) ?? 0;
+  setListRules(`${el.id} chunks`, chunkCss(el.id, width, frac(box.left), frac(box.top)));
+}
+
+/** @type {Record<string, string>} */
+const ENTITY = { '&': '&amp;', '<': '&lt;', '>': '&gt;', '"': '&quot;' };
+/** @param {string} s */
+const esc = (s) => (/[&<>"]/.test(s) ? s.replace(/[&<>"]/g, (ch) => ENTITY[ch]) : s);
+/**
+ * Characters that the HTML parser would not keep as they are (it turns a
+ * carriage return into a line feed and drops NUL): a cell with one is given
+ * its text through the DOM instead.
+ */
+const UNPARSED = /[\r\0]/;
+
+/**
+ * @typedef {{rows: import('./api.js').ListRow[], columns: number}} ListDrawn
+ *   what a list last drew: its rows, and in how many columns
+ */
+
+/**
+ * The markup of one list row.
+ * @param {string} listId
+ * @param {import('./api.js').ListRow} r
+ * @param {number} columns
+ */
+function rowHtml(listId, r, columns) {
+  let html = `<div class="list-row${r.selected ? ' selected' : ''}" id="${esc(listId)}-r${r.row}" data-row="${r.row}" role="option" aria-selected="${!!r.selected}">`;
+  for (let i = 0; i < columns; i++) {
+    const text = r.cells[i] ?? '';
+    html += `<span class="list-cell c${i}">${UNPARSED.test(text) ? '' : esc(text)}</span>`;
+  }
+  return `${html}</div>`;
+}
+
+/** List bodies with chunks still drawn only near the view. @type {Set<HTMLElement>} */
+const undrawn = new Set();
+let drawScheduled = false;
+/** Chunks drawn in full in one idle period. */
+const CHUNKS_PER_IDLE = 4;
+
+/**
+ * Draws the chunks of a list in full, a few at a time, when the page is
+ * idle. The first frame of a long list thus lays out and paints only the
+ * rows in sight, and soon after every row is laid out as in a short list:
+ * a row that a program scrolls to and clicks at once, as test drivers do,
+ * is there to be hit.
+ * @param {HTMLElement} body
+ */
+function drawWhenIdle(body) {
+  undrawn.add(body);
+  if (drawScheduled) return;
+  drawScheduled = true;
+  const later =
+    window.requestIdleCallback?.bind(window) ??
+    ((/** @type {() => void} */ f) => window.setTimeout(f, 50));
+  const step = () => {
+    drawScheduled = false;
+    let budget = CHUNKS_PER_IDLE;
+    for (const b of undrawn) {
+      const rest = b.isConnected ? [...b.querySelectorAll(':scope > .list-chunk:not(.drawn)')] : [];
+      const now = rest.slice(0, budget);
+      for (const chunk of now) chunk.classList.add('drawn');
+      budget -= now.length;
+      if (now.length === rest.length) undrawn.delete(b);
+      if (budget === 0) break;
+    }
+    if (undrawn.size) {
+      drawScheduled = true;
+      later(step);
+    }
+  };
+  later(step);
+}
+
+/**
+ * The markup of chunks that hold `rows`, CHUNK_ROWS to a chunk.
+ * @param {string} listId
+ * @param {import('./api.js').ListRow[]} rows
+ * @param {number} columns
+ */
+function chunksHtml(listId, rows, columns) {
+  let html = '';
+  for (let at = 0; at < rows.length; at += CHUNK_ROWS) {
+    const part = rows.slice(at, at + CHUNK_ROWS);
+    html +=
+      `<div class="list-chunk" style="contain-intrinsic-height: ${part.length * ROW_PX}px">` +
+      part.map((r) => rowHtml(listId, r, columns)).join('') +
+      '</div>';
+  }
+  return html;
+}
+
+/**
+ * Gives the cells of rows drawn from markup the texts that markup cannot carry.
+ * @param {Element[]} rowEls the rows drawn
+ * @param {import('./api.js').ListRow[]} rows their rows from the host
+ * @param {number} columns
+ */
+function fixUnparsed(rowEls, rows, columns) {
+  rows.forEach((r, k) => {
+    for (let i = 0; i < columns; i++) {
+      const text = r.cells[i] ?? '';
+      if (UNPARSED.test(text)) rowEls[k].children[i].textContent = text;
+    }
+  });
+}
+
+/** @param {HTMLElement} body @returns {HTMLElement[]} the rows of a list's body */
+const rowsOf = (body) => /** @type {HTMLElement[]} */ ([...body.getElementsByClassName('list-row')]);
+
+/**
+ * Brings a drawn row up to date with the host's, touching only what changed.
+ * @param {HTMLElement} rowEl
+ * @param {string} listId
+ * @param {import('./api.js').ListRow} r
+ * @param {number} columns
+ */
+function patchRow(rowEl, listId, r, columns) {
+  const row = String(r.row);
+  if (rowEl.dataset.row !== row) {
+    rowEl.dataset.row = row;
+    rowEl.id = `${listId}-r${row}`;
+  }
+  const selected = !!r.selected;
+  if (rowEl.classList.contains('selected') !== selected) {
+    rowEl.classList.toggle('selected', selected);
+    rowEl.setAttribute('aria-selected', String(selected));
+  }
+  for (let i = 0; i < columns; i++) {
+    const cell = rowEl.children[i];
+    const text = r.cells[i] ?? '';
+    if (cell.textContent !== text) cell.textContent = text;
+  }
+}
+
+/** @param {import('./api.js').ListRow} a @param {import('./api.js').ListRow} b */
+function sameRow(a, b) {
+  if (a.row !== b.row || !!a.selected !== !!b.selected || a.cells.length !== b.cells.length) return false;
+  for (let i = 0; i < a.cells.length; i++) if (a.cells[i] !== b.cells[i]) return false;
+  return true;
+}
+
+/**
+ * Draws a list's heading and places its columns. Its rows are drawn by
+ * fillList, later.
  * @param {HTMLElement} el
  * @param {Control} c
- * @param {Map<number, string>} data what was drawn last, by control id
  */
-function updateList(el, c, data) {
+function updateListHead(el, c) {
+  const colKey = JSON.stringify(c.columns ?? []);
+  if (el.dataset.columns === colKey) return;
+  el.dataset.columns = colKey;
   const head = /** @type {HTMLElement} */ (el.querySelector('.list-head'));
   const body = /** @type {HTMLElement} */ (el.querySelector('.list-body'));
   const spans = columnSpans(c);
   const full = Math.max(c.w, ...spans.map((s) => s.left + s.width));
-
-  const colKey = JSON.stringify(c.columns ?? []);
-  if (el.dataset.columns !== colKey) {
-    el.dataset.columns = colKey;
-    const hasHead = (c.columns ?? []).some((col) => col.heading);
-    head.hidden = !hasHead;
-    head.style.width = px(full * DLU_X);
-    head.replaceChildren(
-      ...spans.map((s, i) => {
-        const cell = document.createElement('span');
-        cell.className = 'list-cell';
-        cell.style.left = px(s.left * DLU_X);
-        cell.style.width = px(s.width * DLU_X);
-        cell.style.textAlign = textAlign(s.align);
-        cell.textContent = (c.columns ?? [])[i].heading ?? '';
-        return cell;
-      }),
-    );
-    body.style.top = hasHead ? `${HEAD_PX}px` : '0';
-  }
-
-  const rowKey = JSON.stringify(c.rows ?? []);
-  if (data.get(c.id) === rowKey) return;
-  const before = data.get(c.id);
-  data.set(c.id, rowKey);
-  const prevSelected = before ? JSON.parse(before).find((/** @type {any} */ r) => r.selected)?.row : undefined;
-  // In a multiple-selection list the highlighted rows are the user's choice
-  // and the view follows the caret, not the first highlighted row.
-  const multiple = !!c.multiple;
-
-  const scroll = body.scrollTop;
-  /** @type {HTMLElement|null} */
-  let selectedEl = null;
-  body.replaceChildren(
-    ...(c.rows ?? []).map((r) => {
-      const row = document.createElement('div');
-      row.className = 'list-row';
-      row.id = `${el.id}-r${r.row}`;
-      row.dataset.row = String(r.row);
-      row.setAttribute('role', 'option');
-      row.setAttribute('aria-selected', String(r.selected));
-      row.style.width = px(full * DLU_X);
-      row.style.height = `${ROW_PX}px`;
-      if (r.selected) {
-        row.classList.add('selected');
-        selectedEl = row;
-      }
-      spans.forEach((s, i) => {
-        const cell = document.createElement('span');
-        cell.className = 'list-cell';
-        cell.style.left = px(s.left * DLU_X);
-        cell.style.width = px(s.width * DLU_X);
-        cell.style.textAlign = textAlign(s.align);
-        cell.textContent = r.cells[i] ?? '';
-        row.append(cell);
-      });
-      return row;
+  setListRules(el.id, listCss(el.id, spans, full));
+  rowWidths.set(el, full * DLU_X);
+  const hasHead = (c.columns ?? []).some((col) => col.heading);
+  head.hidden = !hasHead;
+  head.style.width = px(full * DLU_X);
+  head.replaceChildren(
+    ...spans.map((_, i) => {
+      const cell = document.createElement('span');
+      cell.className = `list-cell c${i}`;
+      cell.textContent = (c.columns ?? [])[i].heading ?? '';
+      return cell;
     }),
   );
-  body.scrollTop = scroll;
-  if (multiple) {
+  body.style.top = hasHead ? `${HEAD_PX}px` : '0';
+}
+
+/**
+ * Whether a list shows other rows than it drew last.
+ * @param {Control} c
+ * @param {Map<number, ListDrawn>} data what was drawn last, by control id
+ */
+function listChanged(c, data) {
+  const rows = c.rows ?? [];
+  const before = data.get(c.id);
+  return !(
+    before &&
+    before.columns === (c.columns ?? []).length &&
+    before.rows.length === rows.length &&
+    rows.every((r, i) => sameRow(r, before.rows[i]))
+  );
+}
+
+/**
+ * Draws a list's rows, in chunks of CHUNK_ROWS: all of them at once into an
+ * empty list, else only the rows that changed, so that the list keeps its
+ * elements and its scroll position. A single-selection list scrolls a newly
+ * selected row into view.
+ * @param {HTMLElement} el
+ * @param {Control} c
+ * @param {Map<number, ListDrawn>} data what was drawn last, by control id
+ */
+function fillList(el, c, data) {
+  const rows = c.rows ?? [];
+  const columns = (c.columns ?? []).length;
+  const before = data.get(c.id);
+  data.set(c.id, { rows, columns });
+  const prevSelected = before?.rows.find((r) => r.selected)?.row;
+  const body = /** @type {HTMLElement} */ (el.querySelector('.list-body'));
+
+  if (!before || before.columns !== columns || !body.firstElementChild) {
+    body.innerHTML = chunksHtml(el.id, rows, columns);
+    if (rows.some((r) => r.cells.some((t) => UNPARSED.test(t)))) fixUnparsed(rowsOf(body), rows, columns);
+    if (rows.length) drawWhenIdle(body);
+  } else {
+    const shown = rowsOf(body);
+    const common = Math.min(shown.length, rows.length);
+    for (let i = 0; i < common; i++) {
+      if (!sameRow(rows[i], before.rows[i])) patchRow(shown[i], el.id, rows[i], columns);
+    }
+    for (const gone of shown.slice(rows.length)) {
+      const chunk = /** @type {HTMLElement} */ (gone.parentElement);
+      gone.remove();
+      if (!chunk.firstElementChild) chunk.remove();
+    }
+    if (rows.length > common) {
+      // The last chunk is filled up first, then new chunks follow.
+      const last = /** @type {HTMLElement|null} */ (body.lastElementChild);
+      const room = last ? CHUNK_ROWS - last.childElementCount : 0;
+      const into = rows.slice(common, common + room);
+      if (last && into.length) last.insertAdjacentHTML('beforeend', into.map((r) => rowHtml(el.id, r, columns)).join(''));
+      const more = rows.slice(common + into.length);
+      body.insertAdjacentHTML('beforeend', chunksHtml(el.id, more, columns));
+      fixUnparsed(rowsOf(body).slice(common), rows.slice(common), columns);
+      if (more.length) drawWhenIdle(body);
+    }
+    const last = /** @type {HTMLElement|null} */ (body.lastElementChild);
+    if (last) last.style.setProperty('contain-intrinsic-height', `${last.childElementCount * ROW_PX}px`);
+  }
+
+  // In a multiple-selection list the highlighted rows are the user's choice
+  // and the view follows the caret, not the first highlighted row.
+  if (c.multiple) {
     showCaret(el, c, false);
     return;
   }
-  const sel = /** @type {HTMLElement|null} */ (selectedEl);
-  if (sel && sel.dataset.row !== String(prevSelected)) sel.scrollIntoView({ block: 'nearest' });
+  const selected = rows.find((r) => r.selected);
+  if (selected && selected.row !== prevSelected) {
+    const sel = /** @type {HTMLElement|null} */ (body.querySelector(`.list-row[data-row="${selected.row}"]`));
+    sel?.scrollIntoView({ block: 'nearest' });
+  }
 }
 
 /**
@@ -427,8 +679,10 @@ function isListHeading(w, c) {
  * @param {WinView} view
  * @param {RenderOptions} opts
  * @param {HTMLElement[]} toFit labels whose text changed
+ * @param {{el: HTMLElement, c: Control, data: Map<number, ListDrawn>}[]} later
+ *   the lists whose rows are drawn at the end
  */
-function updateControl(el, c, w, view, opts, toFit) {
+function updateControl(el, c, w, view, opts, toFit, later) {
   const disabled = !c.enabled;
   el.classList.toggle('disabled', disabled);
   el.classList.toggle('error', !!c.error);
@@ -511,7 +765,8 @@ function updateControl(el, c, w, view, opts, toFit) {
       el.setAttribute('aria-multiselectable', String(!!c.multiple));
       el.tabIndex = disabled ? -1 : 0;
       if (c.label) el.setAttribute('aria-label', parseLabel(c.label).plain);
-      updateList(el, c, view.data);
+      updateListHead(el, c);
+      later.push({ el, c, data: view.data });
       break;
     }
     case 'button':
@@ -654,12 +909,32 @@ function position(desktop, view, views, windows, index) {
 }
 
 /**
+ * Takes a window off the page, with the rules of its lists.
+ * @param {WinView} view
+ */
+function dropView(view) {
+  view.el.remove();
+  view.backdrop?.remove();
+  for (const el of view.controls.values()) {
+    if (el.dataset.type !== 'list') continue;
+    setListRules(el.id, null);
+    setListRules(`${el.id} chunks`, null);
+  }
+}
+
+/**
  * Draws `windows` (bottom to top) on `desktop`. The last window is the
  * active one; the others are drawn inactive and take no input, and a dialog
  * (kind "DD") has a translucent backdrop under it that blocks everything below.
+ *
+ * The rows of the lists are not drawn yet: the answer is a function that
+ * draws them. Call it once the cursor is placed, so that the layout that
+ * placing the cursor and fitting the labels reads is done without the rows,
+ * and the thousands of rows of a long list are laid out once, for the frame.
  * @param {HTMLElement} desktop
  * @param {Win[]} windows
  * @param {RenderOptions} opts
+ * @returns {() => void}
  */
 export function renderWindows(desktop, windows, opts) {
   let views = registry.get(desktop);
@@ -670,20 +945,20 @@ export function renderWindows(desktop, windows, opts) {
   const live = new Set(windows.map((w) => w.name));
   for (const [name, view] of views) {
     if (!live.has(name) || windows.find((w) => w.name === name)?.kind !== view.el.dataset.kind) {
-      view.el.remove();
-      view.backdrop?.remove();
+      dropView(view);
       views.delete(name);
     }
   }
 
   /** @type {HTMLElement[]} */
   const toFit = [];
+  /** @type {{el: HTMLElement, c: Control, data: Map<number, ListDrawn>}[]} */
+  const later = [];
   windows.forEach((w, i) => {
     let view = views.get(w.name);
     const sig = signature(w);
     if (view && view.sig !== sig) {
-      view.el.remove();
-      view.backdrop?.remove();
+      dropView(view);
       views.delete(w.name);
       view = undefined;
     }
@@ -713,11 +988,17 @@ export function renderWindows(desktop, windows, opts) {
 
     for (const c of w.controls) {
       const cel = view.controls.get(c.id);
-      if (cel) updateControl(cel, c, w, view, opts, toFit);
+      if (cel) updateControl(cel, c, w, view, opts, toFit, later);
     }
     if (fresh) position(desktop, view, views, windows, i);
   });
   for (const el of toFit) fitText(el);
+  return () => {
+    const changed = later.filter((l) => listChanged(l.c, l.data));
+    // Every list is measured before any gets its rows.
+    for (const l of changed) alignChunks(l.el, /** @type {HTMLElement} */ (l.el.querySelector('.list-body')));
+    for (const l of changed) fillList(l.el, l.c, l.data);
+  };
 }
 
 /**
