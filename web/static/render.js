@@ -435,10 +435,10 @@ function drawWhenIdle(body) {
 function chunksHtml(listId, rows, columns) {
   let html = '';
   for (let at = 0; at < rows.length; at += CHUNK_ROWS) {
-    const part = rows.slice(at, at + CHUNK_ROWS);
+    const group = rows.slice(at, at + CHUNK_ROWS);
     html +=
-      `<div class="list-chunk" style="contain-intrinsic-height: ${part.length * ROW_PX}px">` +
-      part.map((r) => rowHtml(listId, r, columns)).join('') +
+      `<div class="list-chunk" style="contain-intrinsic-height: ${group.length * ROW_PX}px">` +
+      group.map((r) => rowHtml(listId, r, columns)).join('') +
       '</div>';
   }
   return html;
@@ -583,8 +583,13 @@ function fillList(el, c, data) {
       fixUnparsed(rowsOf(body).slice(common), rows.slice(common), columns);
       if (more.length) drawWhenIdle(body);
     }
-    const last = /** @type {HTMLElement|null} */ (body.lastElementChild);
-    if (last) last.style.setProperty('contain-intrinsic-height', `${last.childElementCount * ROW_PX}px`);
+    // Rows came or went at the end: the chunks there change their height.
+    for (const chunk of /** @type {HTMLCollectionOf<HTMLElement>} */ (body.children)) {
+      const height = `${chunk.childElementCount * ROW_PX}px`;
+      if (chunk.style.getPropertyValue('contain-intrinsic-height') !== height) {
+        chunk.style.setProperty('contain-intrinsic-height', height);
+      }
+    }
   }
 
   // In a multiple-selection list the highlighted rows are the user's choice
