@@ -400,42 +400,30 @@ function rowHtml(listId, r, columns) {
 
 /** List bodies with chunks still drawn only near the view. @type {Set<HTMLElement>} */
 const undrawn = new Set();
-let drawScheduled = false;
-/** Chunks drawn in full in one idle period. */
-const CHUNKS_PER_IDLE = 4;
 
 /**
- * Draws the chunks of a list in full, a few at a time, when the page is
- * idle. The first frame of a long list thus lays out and paints only the
- * rows in sight, and soon after every row is laid out as in a short list:
- * a row that a program scrolls to and clicks at once, as test drivers do,
- * is there to be hit.
+ * Draws the chunks of a list in full once the page is idle, that is once the
+ * frame that shows the rows in sight is painted. The first frame of a long
+ * list thus lays out and paints only those rows; the next lays out the rest,
+ * and from then on every row is there as in a short list: for assistive
+ * technology, and for a program that scrolls to a row and clicks it at
+ * once, as test drivers do.
  * @param {HTMLElement} body
  */
 function drawWhenIdle(body) {
+  if (undrawn.size === 0) {
+    const later =
+      window.requestIdleCallback?.bind(window) ??
+      ((/** @type {() => void} */ f) => window.setTimeout(f, 0));
+    later(() => {
+      for (const b of undrawn) {
+        if (!b.isConnected) continue;
+        for (const chunk of b.querySelectorAll(':scope > .list-chunk:not(.drawn)')) chunk.classList.add('drawn');
+      }
+      undrawn.clear();
+    });
+  }
   undrawn.add(body);
-  if (drawScheduled) return;
-  drawScheduled = true;
-  const later =
-    window.requestIdleCallback?.bind(window) ??
-    ((/** @type {() => void} */ f) => window.setTimeout(f, 50));
-  const step = () => {
-    drawScheduled = false;
-    let budget = CHUNKS_PER_IDLE;
-    for (const b of undrawn) {
-      const rest = b.isConnected ? [...b.querySelectorAll(':scope > .list-chunk:not(.drawn)')] : [];
-      const now = rest.slice(0, budget);
-      for (const chunk of now) chunk.classList.add('drawn');
-      budget -= now.length;
-      if (now.length === rest.length) undrawn.delete(b);
-      if (budget === 0) break;
-    }
-    if (undrawn.size) {
-      drawScheduled = true;
-      later(step);
-    }
-  };
-  later(step);
 }
 
 /**
@@ -447,10 +435,10 @@ function drawWhenIdle(body) {
 function chunksHtml(listId, rows, columns) {
   let html = '';
   for (let at = 0; at < rows.length; at += CHUNK_ROWS) {
-    const part = rows.slice(at, at + CHUNK_ROWS);
+    const group = rows.slice(at, at + CHUNK_ROWS);
     html +=
-      `<div class="list-chunk" style="contain-intrinsic-height: ${part.length * ROW_PX}px">` +
-      part.map((r) => rowHtml(listId, r, columns)).join('') +
+      `<div class="list-chunk" style="contain-intrinsic-height: ${group.length * ROW_PX}px">` +
+      group.map((r) => rowHtml(listId, r, columns)).join('') +
       '</div>';
   }
   return html;
@@ -595,8 +583,13 @@ function fillList(el, c, data) {
       fixUnparsed(rowsOf(body).slice(common), rows.slice(common), columns);
       if (more.length) drawWhenIdle(body);
     }
-    const last = /** @type {HTMLElement|null} */ (body.lastElementChild);
-    if (last) last.style.setProperty('contain-intrinsic-height', `${last.childElementCount * ROW_PX}px`);
+    // Rows came or went at the end: the chunks there change their height.
+    for (const chunk of /** @type {HTMLCollectionOf<HTMLElement>} */ (body.children)) {
+      const height = `${chunk.childElementCount * ROW_PX}px`;
+      if (chunk.style.getPropertyValue('contain-intrinsic-height') !== height) {
+        chunk.style.setProperty('contain-intrinsic-height', height);
+      }
+    }
   }
 
   // In a multiple-selection list the highlighted rows are the user's choice
