@@ -5,6 +5,8 @@
 #include "host/screen.h"
 
 #include <algorithm>
+#include <charconv>
+#include <cstdint>
 #include <cstdio>
 #include <cstring>
 #include <string>
@@ -163,7 +165,23 @@ std::vector<OptionText> OptionTexts(const Field& f, const ModuleImage& module) {
 struct Cut {
   int at;
   const lk::AttributeType* type;
+  int storage;  // ColumnStorage(*type)
+  bool text;    // a text column, not a number or a timestamp
 };
+
+// The length of `bytes` without its trailing blanks, eight at a time: a
+// text column is blank-padded to its whole storage.
+std::size_t TrimmedLength(const char* bytes, std::size_t n) {
+  constexpr std::uint64_t kBlanks = 0x2020202020202020ULL;
+  while (n >= 8) {
+    std::uint64_t word;
+    std::memcpy(&word, bytes + n - 8, 8);
+    if (word != kBlanks) break;
+    n -= 8;
+  }
+  while (n > 0 && bytes[n - 1] == ' ') --n;
+  return n;
+}
 
 }  // namespace
 
@@ -237,7 +255,9 @@ WindowLayouts::Control FieldLayout(const OpenWindow& window, const Field& f,
       out->append(",\"right\":");
       AppendInt(out, col->right_edge);
       out->push_back('}');
-      L.cuts.push_back({offset + lk::kDisplayWidth, &col->type});
+      const char letter = col->type.type_letter != nullptr ? col->type.type_letter[0] : 'S';
+      L.cuts.push_back({offset + lk::kDisplayWidth, &col->type, ColumnStorage(col->type),
+                        letter != 'B' && letter != 'I' && letter != 'L' && letter != 'Q'});
       offset += lk::kDisplayWidth + ColumnStorage(col->type);
     }
     out->push_back(']');
@@ -356,26 +376,76 @@ std::unique_ptr<WindowLayouts::Window> MakeLayout(const OpenWindow& window,
 }
 
 // The rows of a list: {"cells":[..],"row":N,"selected":B}, comma-separated.
+// A list may show thousands of rows, so the plain case is written by hand:
+// each row is put together in a buffer on the stack and appended at once. A
+// text cell of plain bytes (screen_text::kPlainBytes) is copied as it is;
+// any other cell (an escape, a character beyond ASCII, a number, a
+// timestamp) goes through AppendCell.
 void AppendRows(std::string* out, const Field& f, const std::vector<Cut>& cuts) {
+  constexpr std::size_t kBuffer = 2048;
+  constexpr std::size_t kRoom = 64;  // the most that a row's own keys take at once
+  char buffer[kBuffer];
+  char* p = buffer;
+  auto flush = [&] {
+    out->append(buffer, p - buffer);
+    p = buffer;
+  };
+  auto put = [&](const char* text, std::size_t n) {
+    std::memcpy(p, text, n);
+    p += n;
+  };
   bool first = true;
   for (const ListRow& lr : f.rows) {
-    out->append(first ? "{\"cells\":[" : ",{\"cells\":[");
+    if (static_cast<std::size_t>(buffer + kBuffer - p) < kRoom) flush();
+    if (first) {
+      put("{\"cells\":[", 10);
+    } else {
+      put(",{\"cells\":[", 11);
+    }
     first = false;
     bool first_cell = true;
     for (const Cut& cut : cuts) {
-      if (!first_cell) out->push_back(',');
+      if (!first_cell) *p++ = ',';
       first_cell = false;
-      if (cut.at + ColumnStorage(*cut.type) <= static_cast<int>(lr.buffer.size())) {
-        AppendCell(out, *cut.type, lr.buffer.data() + cut.at);
-      } else {
-        out->append("\"\"");
+      if (cut.at + cut.storage > static_cast<int>(lr.buffer.size())) {
+        put("\"\"", 2);
+        continue;
       }
+      const char* bytes = lr.buffer.data() + cut.at;
+      bool plain = cut.text;
+      std::size_t n = 0;
+      if (plain) {
+        n = TrimmedLength(bytes, strnlen(bytes, cut.storage));
+        for (std::size_t k = 0; k < n && plain; ++k)
+          plain = screen_text::kPlainBytes.plain[static_cast<unsigned char>(bytes[k])];
+      }
+      if (!plain) {
+        flush();
+        AppendCell(out, *cut.type, bytes);
+        continue;
+      }
+      if (static_cast<std::size_t>(buffer + kBuffer - p) < n + kRoom) {
+        flush();
+        if (n + kRoom > kBuffer) {
+          out->push_back('"');
+          out->append(bytes, n);
+          out->push_back('"');
+          continue;
+        }
+      }
+      *p++ = '"';
+      put(bytes, n);
+      *p++ = '"';
     }
-    out->append("],\"row\":");
-    AppendInt(out, lr.row_number);
-    out->append((lr.flag == 'S' || lr.flag == 'C') ? ",\"selected\":true}"
-                                                    : ",\"selected\":false}");
+    put("],\"row\":", 8);
+    p = std::to_chars(p, buffer + kBuffer, lr.row_number).ptr;
+    if (lr.flag == 'S' || lr.flag == 'C') {
+      put(",\"selected\":true}", 17);
+    } else {
+      put(",\"selected\":false}", 18);
+    }
   }
+  flush();
 }
 
 // The CONTROL of field f: its layout with the values of now.
