@@ -2,8 +2,8 @@
 // screens and events, as JSON in the shapes of the host's interface document.
 //
 // Thread safety: every method may be called from any thread. The host runs
-// the units of all sessions on one runtime thread, one event at a time; the
-// calls queue to it and wait for their answer.
+// the units of all sessions one event at a time: a call waits for its turn
+// (host/runtime.h) and then runs on the calling thread.
 #ifndef WATRIX_HOST_HOST_H_
 #define WATRIX_HOST_HOST_H_
 

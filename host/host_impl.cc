@@ -1,5 +1,5 @@
-// The host: sessions by unguessable token, each event run on the runtime
-// thread, answers in the JSON shapes of the host's interface. Each session
+// The host: sessions by unguessable token, each event run in its turn of the
+// runtime, answers in the JSON shapes of the host's interface. Each session
 // has its own database connection (under --auth database, with the user's
 // own login), and each event is one transaction of it.
 #include <fstream>
@@ -84,7 +84,7 @@ class HostImpl : public Host {
   }
 
   ~HostImpl() override {
-    // Sessions go on the runtime thread, where they ran.
+    // Sessions go in a turn of the runtime, as they ran.
     runtime_.Run<int>([this] {
       sessions_.clear();
       return 0;
@@ -125,8 +125,8 @@ class HostImpl : public Host {
         }
       }
     }
-    // The session's own connection, made here rather than on the runtime
-    // thread, so that a slow login holds up no other session's events.
+    // The session's own connection, made here rather than in a turn of the
+    // runtime, so that a slow login holds up no other session's events.
     std::unique_ptr<lk::StorePort> store;
     if (options_.database.empty()) {
       store = std::make_unique<lk::NullStore>();
@@ -157,8 +157,8 @@ class HostImpl : public Host {
     return FromText(EventText(token, event));
   }
 
-  // The screen's text is written on the runtime thread, where the session
-  // lives; the HTTP thread only sends it.
+  // The screen's text is written in the session's turn; the HTTP thread
+  // then sends it as it is.
   TextReply ScreenText(const std::string& token) override {
     return runtime_.Run<TextReply>([&]() -> TextReply {
       Session* s = Find(token);
@@ -196,7 +196,7 @@ class HostImpl : public Host {
   Modules modules_;
   std::mutex mutex_;
   std::map<std::string, std::unique_ptr<Session>> sessions_;
-  Runtime runtime_;  // last, so that it stops first
+  Runtime runtime_;  // the turns in which sessions run
 };
 
 }  // namespace

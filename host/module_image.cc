@@ -6,6 +6,8 @@
 #include <cctype>
 #include <cstring>
 
+#include "host/screen.h"
+
 namespace watrix {
 
 std::string ModuleLibraryName(const std::string& module) {
@@ -24,6 +26,7 @@ std::unique_ptr<ModuleImage> ModuleImage::Load(const std::string& folder,
     return nullptr;
   }
   std::unique_ptr<ModuleImage> image(new ModuleImage);
+  image->window_layouts_ = std::make_unique<WindowLayouts>();
   image->name_ = name;
   image->library_ = library;
   image->head_ = static_cast<const lk::WinHead*>(dlsym(library, "win_head"));

@@ -14,6 +14,8 @@
 
 namespace watrix {
 
+class WindowLayouts;  // host/screen.h
+
 class ModuleImage {
  public:
   // Loads module `name` from `folder`. Returns null with the reason in *error.
@@ -39,6 +41,9 @@ class ModuleImage {
   // The ViewNameRow of this key (procedure name or main window title).
   const lk::ViewNameRow* FindViews(const char* key) const;
 
+  // What the SCREEN keeps of this module's windows (host/screen.h).
+  WindowLayouts& window_layouts() const { return *window_layouts_; }
+
  private:
   ModuleImage() = default;
 
@@ -46,6 +51,7 @@ class ModuleImage {
   void* library_ = nullptr;
   const lk::WinHead* head_ = nullptr;
   Resources resources_;
+  std::unique_ptr<WindowLayouts> window_layouts_;
 };
 
 // The library file name of a module: "lib" + lower-case name + ".so".

@@ -4,12 +4,39 @@
 #ifndef WATRIX_HOST_SCREEN_H_
 #define WATRIX_HOST_SCREEN_H_
 
+#include <memory>
+#include <mutex>
 #include <string>
+#include <unordered_map>
 
 #include "host/module_image.h"
 #include "host/window_state.h"
 
 namespace watrix {
+
+// What the SCREEN keeps of the windows of one module: the parts of each
+// window's JSON that never change (names, types, labels, geometry,
+// keywords, list columns, options), written once, on the window's first
+// screen, and kept for the module's life. The ModuleImage holds it.
+//
+// Thread safety: Of may be called from any thread.
+class WindowLayouts {
+ public:
+  struct Control;
+  struct Window;
+
+  WindowLayouts();
+  ~WindowLayouts();
+  WindowLayouts(const WindowLayouts&) = delete;
+  WindowLayouts& operator=(const WindowLayouts&) = delete;
+
+  // The layout of the window's WindowRow; `window` is open in `module`.
+  const Window& Of(const OpenWindow& window, const ModuleImage& module);
+
+ private:
+  std::mutex mutex_;
+  std::unordered_map<const lk::WindowRow*, std::unique_ptr<const Window>> windows_;
+};
 
 // Appends the WINDOW as JSON text to *out, as nlohmann::json's dump(-1, ' ',
 // false, replace) would write it, keys sorted.

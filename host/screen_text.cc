@@ -9,16 +9,6 @@ namespace watrix::screen_text {
 
 namespace {
 
-// Whether a byte can go into a JSON string as it is, without a look: ASCII
-// other than the controls, the quotation mark and the reverse solidus.
-struct PlainTable {
-  bool plain[256];
-  constexpr PlainTable() : plain() {
-    for (int c = 0x20; c < 0x80; ++c) plain[c] = c != '"' && c != '\\';
-  }
-};
-constexpr PlainTable kPlain;
-
 // Whether `s` is well-formed UTF-8 (RFC 3629: no overlong forms, no
 // surrogates, nothing above U+10FFFF), as nlohmann::json's decoder accepts it.
 bool ValidUtf8(std::string_view s) {
@@ -81,7 +71,7 @@ void AppendString(std::string* out, std::string_view s) {
   bool checked = false;  // the bytes from the first high one on are valid UTF-8
   while (p < end) {
     const char* run = p;
-    while (p < end && kPlain.plain[static_cast<unsigned char>(*p)]) ++p;
+    while (p < end && kPlainBytes.plain[static_cast<unsigned char>(*p)]) ++p;
     out->append(run, p);
     if (p == end) break;
     const auto c = static_cast<unsigned char>(*p);

@@ -20,6 +20,16 @@
 
 namespace watrix::screen_text {
 
+// Whether a byte goes into a JSON string as it is, with no look: ASCII
+// other than the controls, the quotation mark and the reverse solidus.
+struct PlainBytes {
+  bool plain[256];
+  constexpr PlainBytes() : plain() {
+    for (int c = 0x20; c < 0x80; ++c) plain[c] = c != '"' && c != '\\';
+  }
+};
+inline constexpr PlainBytes kPlainBytes;
+
 // Appends `utf8` as a JSON string.
 void AppendString(std::string* out, std::string_view utf8);
 
