@@ -41,6 +41,7 @@
 #include <httplib.h>
 #include <nlohmann/json.hpp>
 
+#include "bench/medians.h"
 #include "host/host.h"
 #include "web/server.h"
 
@@ -174,31 +175,13 @@ BENCHMARK(BM_MenuEvent)
     ->Repetitions(kRepetitions)
     ->ReportAggregatesOnly(true);
 
-// The console report, then the figures side by side.
-class SummaryReporter : public benchmark::ConsoleReporter {
+// The console report, then the figures side by side: medians of the
+// interleaved repetitions.
+class SummaryReporter : public bench::MedianReporter {
  public:
-  void ReportRuns(const std::vector<Run>& runs) override {
-    ConsoleReporter::ReportRuns(runs);
-    for (const Run& run : runs) {
-      if (run.error_occurred) continue;
-      // The median of the repetitions where there are several, else the one
-      // run. All benchmarks here report in microseconds.
-      const std::string& name = run.run_name.function_name;
-      if (run.run_type == Run::RT_Aggregate && run.aggregate_name == "median") {
-        micros_[name] = run.GetAdjustedRealTime();
-        medians_.insert(name);
-      } else if (run.run_type == Run::RT_Iteration && medians_.count(name) == 0) {
-        micros_[name] = run.GetAdjustedRealTime();
-      }
-    }
-  }
-
   void Finalize() override {
-    ConsoleReporter::Finalize();
-    auto get = [this](const char* name) {
-      auto it = micros_.find(name);
-      return it == micros_.end() ? -1.0 : it->second;
-    };
+    MedianReporter::Finalize();
+    auto get = [this](const char* name) { return Get(name) * 1000; };
     const double empty = get("BM_EmptyRoundTrip");
     const double screen = get("BM_ScreenRoundTrip");
     const double event = get("BM_MenuEvent") / 2;
@@ -212,18 +195,13 @@ class SummaryReporter : public benchmark::ConsoleReporter {
     std::printf("goal http-menu-event: %.2fx (at most 2x)\n", event / empty);
     std::printf("goal http-get-screen: %.2fx (at most 2x)\n", screen / empty);
   }
-
- private:
-  std::map<std::string, double> micros_;
-  std::set<std::string> medians_;
 };
 
 int Main(int argc, char** argv) {
   // Interleaved repetitions unless the command line says otherwise (a flag
   // given later wins).
-  std::vector<char*> args(argv, argv + argc);
-  char interleave[] = "--benchmark_enable_random_interleaving=true";
-  args.insert(args.begin() + 1, interleave);
+  std::vector<std::string> added;
+  std::vector<char*> args = bench::InterleavedArgs(argc, argv, kRepetitions, &added);
   argc = static_cast<int>(args.size());
   argv = args.data();
   benchmark::Initialize(&argc, argv);

@@ -53,6 +53,7 @@
 #include "store/schema.h"
 #include "store/store_port.h"
 #include "bench/bench_databases.h"
+#include "bench/medians.h"
 #include "tests/pg/pg_cluster.h"
 
 namespace watrix {
@@ -391,7 +392,12 @@ void BM_Rt50Open(benchmark::State& state) {
   }
   state.SetLabel(be.dialect == Dialect::kSqlite ? "sqlite" : "postgresql");
 }
-BENCHMARK(BM_Rt50Open)->Arg(0)->Arg(1)->UseManualTime()->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_Rt50Open)
+    ->Arg(0)
+    ->Arg(1)
+    ->UseManualTime()
+    ->Unit(benchmark::kMillisecond)
+    ->ReportAggregatesOnly(true);
 
 template <bool kFrame>
 void BM_Read(benchmark::State& state) {
@@ -419,33 +425,28 @@ BENCHMARK_TEMPLATE(BM_Read, true)
     ->Name("BM_FrameRead")
     ->Arg(0)
     ->Arg(1)
-    ->Unit(benchmark::kMillisecond);
+    ->Unit(benchmark::kMillisecond)
+    ->ReportAggregatesOnly(true);
 BENCHMARK_TEMPLATE(BM_Read, false)
     ->Name("BM_CApiRead")
     ->Arg(0)
     ->Arg(1)
-    ->Unit(benchmark::kMillisecond);
+    ->Unit(benchmark::kMillisecond)
+    ->ReportAggregatesOnly(true);
 
-// Collects the times for the summary.
-class SummaryReporter : public benchmark::ConsoleReporter {
+// The figures side by side: the median of each benchmark's repetitions.
+class SummaryReporter : public bench::MedianReporter {
  public:
-  void ReportRuns(const std::vector<Run>& runs) override {
-    ConsoleReporter::ReportRuns(runs);
-    for (const Run& r : runs) {
-      if (r.error_occurred) continue;
-      millis_[r.benchmark_name()] = r.GetAdjustedRealTime();
-    }
-  }
   void Finalize() override {
-    ConsoleReporter::Finalize();
-    std::printf("\nRT50 Open with %d of %d remarks shown, wall clock per event or read:\n", kShown,
-                g_rows);
+    MedianReporter::Finalize();
+    std::printf("\nRT50 Open with %d of %d remarks shown, wall clock per event or read"
+                " (medians):\n", kShown, g_rows);
     const char* names[2] = {"SQLite    ", "PostgreSQL"};
     for (int backend : {0, 1}) {
       const std::string arg = "/" + std::to_string(backend);
-      const double open = millis_["BM_Rt50Open" + arg + "/manual_time"];
-      const double frame = millis_["BM_FrameRead" + arg];
-      const double capi = millis_["BM_CApiRead" + arg];
+      const double open = Get("BM_Rt50Open" + arg);
+      const double frame = Get("BM_FrameRead" + arg);
+      const double capi = Get("BM_CApiRead" + arg);
       if (open <= 0 || frame <= 0 || capi <= 0) continue;
       std::printf("  %s  Open event %7.2f ms   frame read %7.2f ms   C API read %7.2f ms"
                   "   Open / C API %.1fx\n",
@@ -459,11 +460,14 @@ class SummaryReporter : public benchmark::ConsoleReporter {
   }
 
  private:
-  std::map<std::string, double> millis_;
   std::vector<std::string> goals_;
 };
 
 int Main(int argc, char** argv) {
+  std::vector<std::string> added;
+  std::vector<char*> args = bench::InterleavedArgs(argc, argv, 7, &added);
+  argc = static_cast<int>(args.size());
+  argv = args.data();
   benchmark::Initialize(&argc, argv);
   if (benchmark::ReportUnrecognizedArguments(argc, argv)) return 1;
   // Six hexadecimal digits name at most a million rows.

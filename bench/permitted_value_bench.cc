@@ -61,6 +61,7 @@
 #include "store/schema.h"
 #include "store/store_port.h"
 #include "bench/bench_databases.h"
+#include "bench/medians.h"
 #include "tests/pg/pg_cluster.h"
 
 namespace watrix {
@@ -652,15 +653,17 @@ BENCHMARK_TEMPLATE(BM_Move, true)
     ->Arg(0)
     ->Arg(1)
     ->UseManualTime()
-    ->MinTime(2)
-    ->Unit(benchmark::kMillisecond);
+    ->MinTime(0.5)
+    ->Unit(benchmark::kMillisecond)
+    ->ReportAggregatesOnly(true);
 BENCHMARK_TEMPLATE(BM_Move, false)
     ->Name("BM_PvPrev")
     ->Arg(0)
     ->Arg(1)
     ->UseManualTime()
-    ->MinTime(2)
-    ->Unit(benchmark::kMillisecond);
+    ->MinTime(0.5)
+    ->Unit(benchmark::kMillisecond)
+    ->ReportAggregatesOnly(true);
 
 // The page Next (arg 1 = 1) or Prev (0) shows, read outside the session.
 template <bool kFrame>
@@ -692,36 +695,30 @@ void BM_Read(benchmark::State& state) {
 BENCHMARK_TEMPLATE(BM_Read, true)
     ->Name("BM_FramePage")
     ->ArgsProduct({{0, 1}, {1, 0}})
-    ->Unit(benchmark::kMillisecond);
+    ->Unit(benchmark::kMillisecond)
+    ->ReportAggregatesOnly(true);
 BENCHMARK_TEMPLATE(BM_Read, false)
     ->Name("BM_CApiPage")
     ->ArgsProduct({{0, 1}, {1, 0}})
-    ->Unit(benchmark::kMillisecond);
+    ->Unit(benchmark::kMillisecond)
+    ->ReportAggregatesOnly(true);
 
-// Collects the times for the summary.
-class SummaryReporter : public benchmark::ConsoleReporter {
+// The figures side by side: the median of each benchmark's repetitions.
+class SummaryReporter : public bench::MedianReporter {
  public:
-  void ReportRuns(const std::vector<Run>& runs) override {
-    ConsoleReporter::ReportRuns(runs);
-    for (const Run& r : runs) {
-      if (r.error_occurred) continue;
-      // By function and arguments: the name also carries the minimum time.
-      millis_[r.run_name.function_name + "/" + r.run_name.args] = r.GetAdjustedRealTime();
-    }
-  }
   void Finalize() override {
-    ConsoleReporter::Finalize();
-    std::printf("\nRT2 page moves of %d rows from row %d of %d, wall clock per event or read:\n",
+    MedianReporter::Finalize();
+    std::printf("\nRT2 page moves of %d rows from row %d of %d, wall clock per event or read"
+                " (medians):\n",
                 kPage, g_middle, g_rows);
     const char* names[2] = {"SQLite    ", "PostgreSQL"};
     for (int backend : {0, 1}) {
       for (bool forward : {true, false}) {
         const std::string arg = "/" + std::to_string(backend);
         const std::string args = arg + (forward ? "/1" : "/0");
-        const double event =
-            millis_[std::string(forward ? "BM_PvNext" : "BM_PvPrev") + arg];
-        const double frame = millis_["BM_FramePage" + args];
-        const double capi = millis_["BM_CApiPage" + args];
+        const double event = Get(std::string(forward ? "BM_PvNext" : "BM_PvPrev") + arg);
+        const double frame = Get("BM_FramePage" + args);
+        const double capi = Get("BM_CApiPage" + args);
         if (event <= 0 || frame <= 0 || capi <= 0) continue;
         std::printf("  %s  %s event %7.2f ms   frame read %7.2f ms   C API read %7.2f ms"
                     "   event / C API %.1fx\n",
@@ -737,11 +734,14 @@ class SummaryReporter : public benchmark::ConsoleReporter {
   }
 
  private:
-  std::map<std::string, double> millis_;
   std::vector<std::string> goals_;
 };
 
 int Main(int argc, char** argv) {
+  std::vector<std::string> added;
+  std::vector<char*> args = bench::InterleavedArgs(argc, argv, 7, &added);
+  argc = static_cast<int>(args.size());
+  argv = args.data();
   benchmark::Initialize(&argc, argv);
   if (benchmark::ReportUnrecognizedArguments(argc, argv)) return 1;
   if (const char* rows = std::getenv("WATRIX_BENCH_ROWS"))

@@ -57,23 +57,36 @@ int ColumnStorage(const lk::AttributeType& type) {
   }
 }
 
+// A number cell ('B', 'I' or 'L') as shown, into `text` (at least
+// kNumberText bytes): decimal without leading zeros, with the type's
+// places ("%.*f"), and 0 blank. Answers its length.
+constexpr std::size_t kNumberText = 352;
+std::size_t NumberText(const lk::AttributeType& type, const char* bytes, char* text) {
+  std::to_chars_result r{text, {}};
+  if (type.type_letter[0] == 'L') {
+    std::int32_t v;
+    std::memcpy(&v, bytes, sizeof v);
+    if (v == 0) return 0;
+    r = std::to_chars(text, text + kNumberText, v);
+  } else {
+    double v;
+    std::memcpy(&v, bytes, sizeof v);
+    if (v == 0) return 0;
+    r = std::to_chars(text, text + kNumberText, v, std::chars_format::fixed,
+                      static_cast<int>(type.length >> 16));
+  }
+  return r.ec == std::errc() ? static_cast<std::size_t>(r.ptr - text) : 0;
+}
+
 // A list cell as shown: texts trimmed, numbers in decimal without leading
 // zeros (0 shows blank), timestamps through their picture.
 std::string CellText(const lk::AttributeType& type, const char* bytes) {
   switch (type.type_letter != nullptr ? type.type_letter[0] : 'S') {
     case 'B':
-    case 'I': {
-      double v;
-      std::memcpy(&v, bytes, sizeof v);
-      if (v == 0) return "";
-      char text[64];
-      std::snprintf(text, sizeof text, "%.*f", static_cast<int>(type.length >> 16), v);
-      return text;
-    }
+    case 'I':
     case 'L': {
-      std::int32_t v;
-      std::memcpy(&v, bytes, sizeof v);
-      return v == 0 ? "" : std::to_string(v);
+      char text[kNumberText];
+      return std::string(text, NumberText(type, bytes, text));
     }
     case 'Q': {
       if (bytes[0] == '\0') return "";
@@ -113,7 +126,15 @@ void AppendCell(std::string* out, const lk::AttributeType& type, const char* byt
   switch (type.type_letter != nullptr ? type.type_letter[0] : 'S') {
     case 'B':
     case 'I':
-    case 'L':
+    case 'L': {
+      // Digits, sign and point need no escaping.
+      char text[kNumberText];
+      const std::size_t n = NumberText(type, bytes, text);
+      out->push_back('"');
+      out->append(text, n);
+      out->push_back('"');
+      return;
+    }
     case 'Q':
       AppendCp1252(out, CellText(type, bytes));
       return;

@@ -303,6 +303,7 @@ void RunRoot(const RootRule& rule, HandleA a, RunContext* rc, CascadeRecord* rec
     }
     if (key == nullptr) WrongCall(std::string(rule.entry) + ": no key record");
     const Connection& c = StoreOf(a);
+    BeforeWrites(c);
     const std::vector<KeyValue> values = ReadKey(rule.key, key);
     const bool steps = !rule.steps.empty();
     const bool waited_before = !steps && c.dialect == Dialect::kSqlite && SqliteViolationsWait(c);

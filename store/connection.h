@@ -27,11 +27,24 @@ class NativeReads;
 // `native`, where the owner of the connection gives one, runs the reads on
 // the backend's own C API with statements kept from event to event
 // (store/native_read.h); it belongs to `sql` and goes with it.
+//
+// `defer_pending` (SQLite): the open transaction has yet to defer its
+// foreign key checks to the commit. The owner sets it when it begins a
+// transaction; BeforeWrites does the deferring.
 struct Connection {
   soci::session* sql;
   Dialect dialect;
   NativeReads* native = nullptr;
+  mutable bool defer_pending = false;
 };
+
+// Runs what a transaction owes before its first statement through SOCI
+// (every write, every read for update, every cascade): on SQLite,
+// PRAGMA defer_foreign_keys = ON, when `c.defer_pending`. The pragma waits
+// for that first statement because SQLite prepares every kept statement of
+// the connection again after it; an event that only reads never runs it.
+// Throws what SOCI throws.
+void BeforeWrites(const Connection& c);
 
 }  // namespace lk::store
 

@@ -65,11 +65,11 @@ bool Database::TryBegin(std::string* error) {
       // IMMEDIATE takes the write lock now: a second writer waits here, as a
       // read for update waits for a row lock. References are checked at
       // commit, so that the statements of one event may write rows in any
-      // order that ends whole. The pragma lasts to the end of this
-      // transaction.
+      // order that ends whole: BeforeWrites defers them before the first
+      // write, to the end of this transaction.
       *sql_ << "BEGIN IMMEDIATE";
       in_transaction_ = true;
-      *sql_ << "PRAGMA defer_foreign_keys = ON";
+      connection_.defer_pending = true;
     } else {
       *sql_ << "BEGIN";
       in_transaction_ = true;
@@ -153,6 +153,7 @@ bool Database::Commit(std::string* error) {
   try {
     *sql_ << "COMMIT";
     in_transaction_ = false;
+    connection_.defer_pending = false;
     return true;
   } catch (const std::exception& e) {
     if (error != nullptr) *error = e.what();
@@ -168,6 +169,7 @@ bool Database::Commit(std::string* error) {
 void Database::Rollback() {
   if (!in_transaction_) return;
   in_transaction_ = false;
+  connection_.defer_pending = false;
   if (connection_.dialect == Dialect::kPostgres && sql_->get_backend() != nullptr) {
     // A failed COMMIT has already ended the transaction.
     PGconn* conn = PgConnection(*sql_);

@@ -110,7 +110,11 @@ class DatabaseTest : public ::testing::TestWithParam<Backend> {
     return db;
   }
 
-  static void Exec(Database& db, const std::string& sql) { *db.connection()->sql << sql; }
+  // Runs `sql` as the store runs a write: what the transaction owes first.
+  static void Exec(Database& db, const std::string& sql) {
+    BeforeWrites(*db.connection());
+    *db.connection()->sql << sql;
+  }
 
   static int Count(Database& db, const std::string& where = "1 = 1") {
     int n = -1;
@@ -206,7 +210,9 @@ TEST_P(DatabaseTest, ReferencesAreCheckedAtCommit) {
 
   // A child ahead of its parent stands once the parent is there.
   ASSERT_TRUE(db_->Begin(&error)) << error;
+  EXPECT_EQ(!postgres(), db_->connection()->defer_pending);
   Exec(*db_, "INSERT INTO c VALUES (1, 10)");
+  EXPECT_FALSE(db_->connection()->defer_pending);
   Exec(*db_, "INSERT INTO p VALUES (10)");
   ASSERT_TRUE(db_->Commit(&error)) << error;
 

@@ -209,11 +209,20 @@ class SqliteReads final : public NativeReads {
   }
 
  private:
-  // A prepared statement, its bound texts and its scratch room.
+  // What one parameter of a kept statement holds now.
+  struct Bound {
+    enum Kind { kNone, kNull, kNumber, kSmall, kText } kind = kNone;
+    double number = 0;
+    int small = 0;
+    std::string text;
+  };
+
+  // A prepared statement, its bound values and its scratch room.
   struct Statement {
     lite::sqlite3_stmt* stmt = nullptr;
     std::vector<std::pair<int, const HostColumn*>> params;  // index, input
-    std::vector<std::string> bound;
+    std::vector<Bound> bound;
+    std::string scratch;
     std::vector<std::string> texts;
     std::vector<Value> values;
     bool busy = false;
@@ -277,7 +286,6 @@ class SqliteReads final : public NativeReads {
 
   void Give(Statement* st) {
     lite::sqlite3_reset(st->stmt);
-    lite::sqlite3_clear_bindings(st->stmt);
     st->busy = false;
     if (!st->kept) {
       lite::sqlite3_finalize(st->stmt);
@@ -285,31 +293,54 @@ class SqliteReads final : public NativeReads {
     }
   }
 
+  // Binds the inputs of `in`. A parameter whose value is the one it holds
+  // from the statement's last run is left as it is: binding anew would make
+  // SQLite plan the statement again for values it has already planned for.
   int Bind(Statement* st, const StatementDef& s, const void* in, SqlArea* area) {
     (void)s;
     const char* record = static_cast<const char*>(in);
     for (std::size_t i = 0; i < st->params.size(); ++i) {
       const auto& [index, c] = st->params[i];
       const char* at = record + c->place.offset;
+      Bound& b = st->bound[i];
       int rc = SQLITE_OK;
       if ((c->flags & kWriteNull) != 0) {
+        if (b.kind == Bound::kNull) continue;
+        b.kind = Bound::kNull;
         rc = lite::sqlite3_bind_null(st->stmt, index);
       } else if (c->type == HostType::kNumber) {
         double v;
         std::memcpy(&v, at, sizeof v);
+        if (b.kind == Bound::kNumber && std::memcmp(&b.number, &v, sizeof v) == 0) continue;
+        b.kind = Bound::kNumber;
+        b.number = v;
         rc = lite::sqlite3_bind_double(st->stmt, index, v);
       } else if (c->type == HostType::kSmall) {
-        rc = lite::sqlite3_bind_int(st->stmt, index, GetSmall(*c, at));
+        const int v = GetSmall(*c, at);
+        if (b.kind == Bound::kSmall && b.small == v) continue;
+        b.kind = Bound::kSmall;
+        b.small = v;
+        rc = lite::sqlite3_bind_int(st->stmt, index, v);
       } else {
-        InputText(*c, record, &st->bound[i]);
-        rc = lite::sqlite3_bind_text(st->stmt, index, st->bound[i].data(),
-                                     static_cast<int>(st->bound[i].size()), SQLITE_STATIC);
+        InputText(*c, record, &st->scratch);
+        if (b.kind == Bound::kText && b.text == st->scratch) continue;
+        b.kind = Bound::kText;
+        b.text.swap(st->scratch);
+        rc = lite::sqlite3_bind_text(st->stmt, index, b.text.data(),
+                                     static_cast<int>(b.text.size()), SQLITE_STATIC);
       }
-      if (rc != SQLITE_OK) return SqliteFailure(db_, area);
+      if (rc != SQLITE_OK) {
+        b.kind = Bound::kNone;
+        return SqliteFailure(db_, area);
+      }
     }
     return kSqlOk;
   }
 
+  // Takes each column as the statement's own value: one call that holds
+  // the connection's mutex per column, and the value's type, number or text
+  // read from it without. The connection is used by one thread at a time,
+  // so nothing changes the value meanwhile.
   int Store(Statement* st, const StatementDef& s, void* out, SqlArea* area) {
     lite::sqlite3_stmt* stmt = st->stmt;
     const int n = static_cast<int>(s.outputs.size());
@@ -317,21 +348,22 @@ class SqliteReads final : public NativeReads {
     for (int i = 0; i < n; ++i) {
       Value& v = st->values[i];
       v = Value{};
-      switch (lite::sqlite3_column_type(stmt, i)) {
+      lite::sqlite3_value* value = lite::sqlite3_column_value(stmt, i);
+      switch (lite::sqlite3_value_type(value)) {
         case SQLITE_NULL:
           v.null = true;
           break;
         case SQLITE_INTEGER:
         case SQLITE_FLOAT:
           if (s.outputs[i].type == HostType::kNumber || s.outputs[i].type == HostType::kSmall) {
-            v.number = lite::sqlite3_column_double(stmt, i);
+            v.number = lite::sqlite3_value_double(value);
             v.has_number = true;
             break;
           }
           [[fallthrough]];
         default:
-          v.text = reinterpret_cast<const char*>(lite::sqlite3_column_text(stmt, i));
-          v.length = static_cast<std::size_t>(lite::sqlite3_column_bytes(stmt, i));
+          v.text = reinterpret_cast<const char*>(lite::sqlite3_value_text(value));
+          v.length = static_cast<std::size_t>(lite::sqlite3_value_bytes(value));
           if (v.text == nullptr) v.text = "";
           break;
       }

@@ -13,9 +13,9 @@
 // inside one transaction. On SQLite they are plain clauses, enforced only
 // where the session runs with PRAGMA foreign_keys = ON (OpenSession in
 // store/url.h sets it), and the store must run
-// PRAGMA defer_foreign_keys = ON at the start of every transaction that
-// deletes through a cascade, since SQLite resets it at each COMMIT and
-// ROLLBACK.
+// PRAGMA defer_foreign_keys = ON in every transaction that deletes through
+// a cascade, before its first write (BeforeWrites in store/connection.h),
+// since SQLite resets it at each COMMIT and ROLLBACK.
 #ifndef WATRIX_STORE_SCHEMA_H_
 #define WATRIX_STORE_SCHEMA_H_
 

@@ -300,6 +300,7 @@ bool Build(const Connection& connection, const StatementDef& s, const void* in, 
                      : std::string(" WHERE rowid = CAST(:") + kRowIdName + " AS INTEGER)";
   }
   const Rewritten r = Renumber(text);
+  BeforeWrites(connection);
   p->st.emplace(*connection.sql);
   soci::statement& st = *p->st;
   p->inputs.resize(r.names.size());
