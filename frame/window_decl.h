@@ -81,6 +81,14 @@ constexpr ControlDecl KeywordButton(u32 id, const char* name, const char* keywor
   return {.id = id, .name = name, .descriptor = kButton, .action = ActionKind::kKeyword,
           .keyword = keyword, .keyword_code = code};
 }
+// A button that carries a keyword, by which the control enable and disable
+// services name it, and raises its Click, which puts no COMMAND in place.
+constexpr ControlDecl NamedButton(u32 id, const char* name, const char* keyword, u32 code,
+                                  EventDecl click, const void* const* rules = nullptr) {
+  return {.id = id, .name = name, .descriptor = kButton, .rules = rules,
+          .action = ActionKind::kKeyword, .keyword = keyword, .keyword_code = code,
+          .events = {click, {}}};
+}
 // A field showing `attribute`, labelled by the static `label`.
 constexpr ControlDecl Field(u32 id, const char* name, const void* descriptor, u32 label,
                             const char* attribute, EventDecl changed = {}) {

@@ -29,12 +29,15 @@
 //      nothing is written and the Accept ends as a success. Otherwise the
 //      duplicate check as in 6, EXIT_NONE and the module's change (its
 //      MODIFY action block). The check does not except the row itself;
+//      A window whose check sits in its action blocks (checks_in_blocks)
+//      skips the check of 6 and 7;
 //   8. after the add or the change, an exit state other than EXIT_NONE
 //      becomes the internal error (EXIT_SYSTEM_ERROR, kind 'E', rollback
 //      'R') and the window stays. An exit state still EXIT_NONE becomes
 //      EXIT_CANCEL with a blank message (and COMMAND := the entry's
 //      return_command, where it names one): the window closes and the list
-//      reloads.
+//      reloads. Where the check sits in the action blocks, the exit state
+//      and message of the block stand instead of the internal error.
 // Cancel (OpenEntryCancel): EXIT_CANCEL, blank message (and the
 // return_command); no field is tested.
 //
@@ -67,6 +70,11 @@ struct OpenEntry {
   const char* duplicate_text;   // and its words
   const char* return_command;   // COMMAND set with EXIT_CANCEL, or null
   int kept_command_width;       // storage of the view's COMMAND attribute
+  // The window has no duplicate check of its own: the check sits in the
+  // IDENTIFY and MODIFY action blocks, whose exit state and message (kind
+  // 'E') stand as they are after a failed write, instead of the internal
+  // error; the module's units then show the row as typed again.
+  bool checks_in_blocks = false;
 };
 
 // An editable field and its copy as first shown.
@@ -113,11 +121,13 @@ void OpenEntryWrite(const OpenEntry& entry, RunContext* rc, const UnitId& own,
     internal::EndWrite(entry, rc, false);
     return;
   }
-  rc->run_mode = ' ';
-  check();
-  CheckCallee(rc);
-  StoreUnitId(rc, own);
-  if (!internal::NoDuplicate(entry, rc, duplicate_marks)) return;
+  if (!entry.checks_in_blocks) {
+    rc->run_mode = ' ';
+    check();
+    CheckCallee(rc);
+    StoreUnitId(rc, own);
+    if (!internal::NoDuplicate(entry, rc, duplicate_marks)) return;
+  }
   SetExit(rc, EXIT_NONE, nullptr, 'N');
   rc->run_mode = ' ';
   if (mode == EntryMode::kAdd) {

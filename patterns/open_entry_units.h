@@ -13,7 +13,9 @@
 //           whose edited fields are the attributes of HiddenForms against
 //           the row's attributes of the same names, with L::CheckDuplicate,
 //           Identify (the IS number and ORG ID it wrote go into the window)
-//           and Modify.
+//           and Modify. Where the check sits in the blocks (kEntry's
+//           checks_in_blocks), L need not give CheckDuplicate, and a write
+//           the block refused puts the import row back into the window.
 //   Cancel  the pattern's Cancel.
 //
 // L gives: using Forms (the window's row), HiddenForms (the editable
@@ -94,7 +96,9 @@ class OpenEntryUnits {
       OpenEntryWrite(
           L::kEntry, rc, id, e->RUNTIME_SUPPLIED.COMMAND.value,
           std::span<const EditedField>(edited), std::span<char* const>(),
-          [&] { L::CheckDuplicate(a, b, rc, *e); },
+          [&] {
+            if constexpr (requires { &L::CheckDuplicate; }) L::CheckDuplicate(a, b, rc, *e);
+          },
           [&] {
             SystemVariableView system = SystemOf(*e);
             Row row{}, written{};
@@ -112,6 +116,10 @@ class OpenEntryUnits {
             ShownToRow(Forms::kAttributes, &e->ROW, &row);
             L::Blocks::Modify(L::kModifyId, a, b, rc, &system, &row, &written);
           });
+      // A write that the block refused: the window shows the row as typed.
+      if (L::kEntry.checks_in_blocks && rc->exit_state != EXIT_CANCEL &&
+          rc->exit_state != EXIT_NONE)
+        RowToShown(Forms::kAttributes, &in->ROW, &e->ROW);
     });
   }
 

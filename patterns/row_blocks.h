@@ -33,6 +33,21 @@
 //   kNotUnique, kNotUniqueText  "DF" of Modify likewise
 //   kGone, kGoneText          Remove's not found instead of kNotFound
 //   kRemoveStatement          the statement number of the cascade call
+//   kMessageKind              the kind of every message the blocks set
+//                             ('E': shown as they are), instead of 'N'
+//   kDuplicateInWrite         Identify first selects the row of the key
+//                             attributes (kSelectDuplicate, no ORG ID) and
+//                             Modify first reads for update the row of the
+//                             new key attributes (kReadDuplicateForUpdate);
+//                             a row found: T::kAlreadyExists with its text,
+//                             and nothing is written
+//   kUpdateByKey              Modify updates by the key (kUpdate holds the
+//                             key in its predicate), not under the cursor
+//   kReferenceChecks          Remove, once the row is found, runs each check
+//                             (a StatementDef over the key, into a
+//                             ReferenceKey) in order; the first that finds a
+//                             row sets T::kInUse with the check's text, kind
+//                             'E', and nothing is deleted
 // The values of a row are its attributes other than the IS number, the ORG
 // ID, D_USERID_CODE and D_LAST_UPDATE_TIMESTAMP.
 //
@@ -65,6 +80,18 @@
 #include "store/statement.h"
 
 namespace lk::patterns {
+
+// The key columns of a referring row, as a reference check selects them.
+struct ReferenceKey {
+  char IS_NUMBER[8];  // a double
+  char ORG_ID[9];
+};
+
+// One reference check of a REMOVE: its statement and its words.
+struct ReferenceCheck {
+  const store::StatementDef* statement;
+  const char* text;
+};
 
 template <class T>
 class RowBlocks {
@@ -99,6 +126,18 @@ class RowBlocks {
                sizeof counter_system.USER_ID_CODE);
       TextMove(counter_system.CURRENT_ORG_ID, system->CURRENT_ORG_ID,
                sizeof counter_system.CURRENT_ORG_ID);
+      if constexpr (requires { T::kDuplicateInWrite; }) {
+        for (const RowAttribute& at : Forms::kAttributes)
+          if (at.key) MoveValue(at, Place(&host_, at), Place(row, at));
+        store::SelectOne(block, T::kSelectDuplicate, &identify_state_, &host_, &entity_);
+        if (store::StateIs(identify_state_.status, "OK")) {
+          SetExit(rc, T::kAlreadyExists, T::kAlreadyExistsText, kKind);
+          return;
+        }
+        if (!store::StateIs(identify_state_.status, "NF"))
+          store::FailOnStatus(block, identify_state_);
+        Initialise(&identify_state_, written);
+      }
       store::EisnImport counter{};
       TextMove(counter.TSMEISN_NAME, T::kCounterName, sizeof counter.TSMEISN_NAME);
       TextMove(counter.TSMEISN_ORG_ID, "", sizeof counter.TSMEISN_ORG_ID);
@@ -123,7 +162,7 @@ class RowBlocks {
       if (store::StateIs(identify_state_.status, "OK")) {
         *written = entity_;
       } else if (store::StateIs(identify_state_.status, "DF")) {
-        SetExit(rc, T::kAlreadyExists, T::kAlreadyExistsText, 'N');
+        SetExit(rc, T::kAlreadyExists, T::kAlreadyExistsText, kKind);
       } else if (!PermittedValue(rc, identify_state_)) {
         store::FailOnStatus(block, identify_state_);
       }
@@ -132,28 +171,42 @@ class RowBlocks {
 
   static void Modify(const UnitId& id, HandleA a, HandleB b, RunContext* rc,
                      const SystemVariableView* system, const Row* row, Row* written) {
-    store::RunActionBlock(&modify_unit_, id, a, b, rc, {&modify_cursor_},
+    store::RunActionBlock(&modify_unit_, id, a, b, rc, {&duplicate_cursor_, &modify_cursor_},
                           [&](store::Block& block) {
       Initialise(&modify_state_, written);
+      if constexpr (requires { T::kDuplicateInWrite; }) {
+        for (const RowAttribute& at : Forms::kAttributes)
+          if (at.key) MoveValue(at, Place(&host_, at), Place(row, at));
+        store::ReadForUpdate(block, &duplicate_cursor_, T::kReadDuplicateForUpdate,
+                             &modify_state_, &host_, &entity_);
+        if (store::StateIs(modify_state_.status, "OK")) {
+          SetExit(rc, T::kAlreadyExists, T::kAlreadyExistsText, kKind);
+          return;
+        }
+        if (!store::StateIs(modify_state_.status, "NF")) store::FailOnStatus(block, modify_state_);
+        Initialise(&modify_state_, written);
+      }
       KeyOf(*row);
       store::ReadForUpdate(block, &modify_cursor_, T::kReadForUpdate, &modify_state_, &host_,
                            &entity_);
       if (store::StateIs(modify_state_.status, "NF")) {
-        SetExit(rc, T::kNotFound, T::kNotFoundText, 'N');
+        SetExit(rc, T::kNotFound, T::kNotFoundText, kKind);
         return;
       }
       if (!store::StateIs(modify_state_.status, "OK")) store::FailOnStatus(block, modify_state_);
       host_ = entity_;
       TakeValues(*row);
       Stamp(a, b, rc, *system);
-      store::Update(block, T::kUpdate, &modify_state_, &host_, &entity_, &modify_cursor_);
+      store::Cursor* under = &modify_cursor_;
+      if constexpr (requires { T::kUpdateByKey; }) under = nullptr;
+      store::Update(block, T::kUpdate, &modify_state_, &host_, &entity_, under);
       if (store::StateIs(modify_state_.status, "OK")) {
         *written = entity_;
         return;
       }
       if constexpr (requires { T::kNotUnique; }) {
         if (store::StateIs(modify_state_.status, "DF")) {
-          SetExit(rc, T::kNotUnique, T::kNotUniqueText, 'N');
+          SetExit(rc, T::kNotUnique, T::kNotUniqueText, kKind);
           return;
         }
       }
@@ -176,6 +229,18 @@ class RowBlocks {
         return;
       }
       if (!store::StateIs(remove_state_.status, "OK")) store::FailOnStatus(block, remove_state_);
+      if constexpr (requires { T::kReferenceChecks; }) {
+        for (const ReferenceCheck& check : T::kReferenceChecks) {
+          ReferenceKey referring{};
+          store::ResetEntity(&check_state_);
+          store::SelectOne(block, *check.statement, &check_state_, &entity_, &referring);
+          if (store::StateIs(check_state_.status, "OK")) {
+            SetExit(rc, T::kInUse, check.text, 'E');
+            return;
+          }
+          if (!store::StateIs(check_state_.status, "NF")) store::FailOnStatus(block, check_state_);
+        }
+      }
       const char* statement = nullptr;
       if constexpr (requires { T::kRemoveStatement; }) statement = T::kRemoveStatement;
       store::RemoveCurrentRow(block, a, b, rc, &remove_state_, &remove_record_, entry,
@@ -191,7 +256,7 @@ class RowBlocks {
       KeyOf(*key);
       store::SelectOne(block, T::kSelectRow, &read_state_, &host_, &entity_);
       if (store::StateIs(read_state_.status, "NF")) {
-        SetExit(rc, T::kNotFound, T::kNotFoundText, 'N');
+        SetExit(rc, T::kNotFound, T::kNotFoundText, kKind);
         return;
       }
       if (!store::StateIs(read_state_.status, "OK")) store::FailOnStatus(block, read_state_);
@@ -200,6 +265,14 @@ class RowBlocks {
   }
 
  private:
+  static constexpr char kKind = [] {
+    if constexpr (requires { T::kMessageKind; }) {
+      return T::kMessageKind;
+    } else {
+      return 'N';
+    }
+  }();
+
   static char* Place(Row* row, const RowAttribute& at) {
     return reinterpret_cast<char*>(row) + at.row;
   }
@@ -216,7 +289,7 @@ class RowBlocks {
   static bool PermittedValue(RunContext* rc, const store::EntityState& state) {
     if constexpr (requires { T::kPermittedValue; }) {
       if (store::StateIs(state.status, "BP")) {
-        SetExit(rc, T::kPermittedValue, T::kPermittedValueText, 'N');
+        SetExit(rc, T::kPermittedValue, T::kPermittedValueText, kKind);
         return true;
       }
     }
@@ -250,8 +323,8 @@ class RowBlocks {
   static inline UnitStorage duplicate_unit_, identify_unit_, modify_unit_, remove_unit_,
       read_unit_;
   static inline store::EntityState duplicate_state_, identify_state_, modify_state_,
-      remove_state_, read_state_;
-  static inline store::Cursor modify_cursor_;
+      remove_state_, read_state_, check_state_;
+  static inline store::Cursor modify_cursor_, duplicate_cursor_;
   static inline Row host_;    // the values a statement binds
   static inline Row entity_;  // the row read or written
   static inline store::CascadeRecord remove_record_;

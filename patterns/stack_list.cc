@@ -106,7 +106,13 @@ int FirstInState(HandleA a, HandleB b, RunContext* rc, const StackList& list,
   return 0;
 }
 
-void SetFlag(char* flag, bool on) { TextMove(flag, on ? "Y" : "", 2); }
+// A list without paging has no flags and no page: their pointers are null.
+void SetFlag(char* flag, bool on) {
+  if (flag != nullptr) TextMove(flag, on ? "Y" : "", 2);
+}
+void CopyFlag(char* to, const char* from) {
+  if (to != nullptr && from != nullptr) TextMove(to, from, 2);
+}
 
 }  // namespace
 
@@ -118,7 +124,7 @@ bool BeginBody(const StackList& list, RunContext* rc, const void* import_view,
   const ViewPlan& plan = transport::PlanForViews(*list.views);
   for (const char* const* v = list.body_views; *v != nullptr; ++v)
     CopySingles(plan, *v, import_view, export_view);
-  CopyGroup(plan, list.stack_group, import_view, export_view);
+  if (list.stack_group != nullptr) CopyGroup(plan, list.stack_group, import_view, export_view);
   return TextCompare(rc->command, "RETURN") == 0;
 }
 
@@ -127,18 +133,19 @@ void BeginOpen(const StackList& list, RunContext* rc, const void* import_view,
   SetExit(rc, EXIT_NONE, nullptr, 'N');
   CopySingles(transport::PlanForViews(*list.views), list.system_variable, import_view,
               view.export_view);
-  PutNumber(view.page, 1);
+  if (view.page != nullptr) PutNumber(view.page, 1);
   SetFlag(view.at_top, false);
   SetFlag(view.at_bottom, false);
   SetCommand(rc, "LIST");
 }
 
 void EndOpen(const StackList& list, const StackListView& view) {
-  SetFlag(view.next_enabled, TextIsBlank(view.at_bottom));
-  if (list.open_enables_prev) SetFlag(view.prev_enabled, TextIsBlank(view.at_top));
+  if (view.at_bottom != nullptr) SetFlag(view.next_enabled, TextIsBlank(view.at_bottom));
+  if (list.open_enables_prev && view.at_top != nullptr) SetFlag(view.prev_enabled, TextIsBlank(view.at_top));
 }
 
 void BeginRefresh(const StackListView& view, const char* import_page) {
+  if (view.page == nullptr || import_page == nullptr) return;
   PutNumber(view.page, NumberFit(GetNumber(import_page), 0, 0, kPageDigits));
 }
 
@@ -156,8 +163,8 @@ void EndRefresh(HandleA a, HandleB b, RunContext* rc, const StackList& list,
   // With no row found this marks row 0, the slot before the first row.
   RowStateSet(a, b, rc, view.marks[s], kStateMarked);
   RowStateSet(a, b, rc, view.marks[s], kStateCurrent);
-  SetFlag(view.prev_enabled, TextIsBlank(view.at_top));
-  SetFlag(view.next_enabled, TextIsBlank(view.at_bottom));
+  if (view.at_top != nullptr) SetFlag(view.prev_enabled, TextIsBlank(view.at_top));
+  if (view.at_bottom != nullptr) SetFlag(view.next_enabled, TextIsBlank(view.at_bottom));
 }
 
 }  // namespace internal
@@ -181,8 +188,8 @@ void StackClick(const StackList& list, HandleA a, HandleB b, RunContext* rc,
       TakeRow(list, view.export_view, s);
     }
   }
-  TextMove(view.next_enabled, import_next_enabled, 2);
-  TextMove(view.prev_enabled, import_prev_enabled, 2);
+  CopyFlag(view.next_enabled, import_next_enabled);
+  CopyFlag(view.prev_enabled, import_prev_enabled);
 }
 
 void StackDoubleClick(const StackList& list, HandleA a, HandleB b, RunContext* rc,

@@ -43,6 +43,10 @@
 // default timestamp for timestamps. Every access to a group row goes through
 // the subscript check against `limit`.
 //
+// A list without paging (patterns/plain_list_units.h) has no stack, page,
+// enabled or AT flags: their names and pointers are null, and the steps
+// leave them out.
+//
 // Contract: the functions run inside an event action's or a procedure's
 // abort frame; a StackListView points into the export view and lives for the
 // call. No allocation after the first call; one thread.

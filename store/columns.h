@@ -69,7 +69,7 @@ inline constexpr Column kTsrlbrmk[] = {
 };
 inline constexpr Column kTsrbiopt[] = {
     Number12("TSRBIOPT_IS_NUMBER"), Char("TSRBIOPT_ORG_ID", 8), Varchar("NAME", 30),
-    Char("D_USERID_CODE", 8), Date("D_LAST_UPDT_TS"),
+    Char("D_USERID_CODE", 8), Viewed(Date("D_LAST_UPDT_TS"), "D_LAST_UPDATE_TIMESTAMP"),
 };
 inline constexpr Column kTsmpsr[] = {
     Number12("TSMPSR_IS_NUMBER"), Char("TSMPSR_ORG_ID", 8), Varchar("TYPE_NAME", 32),
@@ -243,9 +243,10 @@ constexpr bool SameName(const char* x, const char* y) {
 // column of that name or of that view attribute name; the stamp
 // D_LAST_UPDATE_TIMESTAMP is the column D_LAST_UPDATE_TS of every table.
 constexpr const Column& ColumnOfAttribute(std::span<const Column> table, const char* name) {
+  const char* attribute = name;
   if (SameName(name, "D_LAST_UPDATE_TIMESTAMP")) name = "D_LAST_UPDATE_TS";
   for (const Column& c : table)
-    if (SameName(c.name, name) || (c.attribute != nullptr && SameName(c.attribute, name)))
+    if (SameName(c.name, name) || (c.attribute != nullptr && SameName(c.attribute, attribute)))
       return c;
   throw "a column that the table does not hold";
 }

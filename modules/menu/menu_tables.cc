@@ -10,6 +10,7 @@
 #include "frame/design_rows.h"
 #include "frame/run_context.h"
 #include "frame/transport/plan.h"
+#include "modules/biological_part/biological_part.h"
 #include "modules/lab_remark/lab_remark.h"
 #include "modules/menu/menu.h"
 #include "modules/menu/menu_units.h"
@@ -90,7 +91,9 @@ const FlowRow kFlowRows[] = {
     LK_FLOW(0x104, 1156, "RT16_ANALYT_PROCEDURE_MAINT_LIST", "E", "$#CURR#$", kReturnsOnReturn, ""),
     LK_FLOW(0x105, 111, "RT22_ESTUARY_MAINTENANCE_LIS0", "D", "", kReturnsOnCancel, ""),
     LK_FLOW(0x106, 706, "RT20_LAB_SAMPLE_PREP_MAINT_LIST", "E", "$#CURR#$", kReturnsOnReturn, ""),
-    LK_FLOW(0x107, 744, "RT48_BIO_PART_MAINT_LIST", "D", "", kReturnsOnCancel, ""),
+    {Flow(0x107), "L", 744, "RT48_BIO_PART_MAINT_LIST",
+     Send<kToList<biological_part::kListViews>>, Receive<kToList<biological_part::kListViews>>,
+     kReturnsOnCancel, "D", "", "E", "", 0},
     LK_FLOW(0x108, 314, "RT36_FIPS_HUC_MAINT_LIST", "E", "$#CURR#$", kReturnsOnReturn, ""),
     LK_FLOW(0x109, 577, "RT42_LITHOLOGIC_UNIT_MAINT_LIST", "E", "$#CURR#$", kReturnsOnReturn, ""),
     LK_FLOW(0x10A, 187, "RT18_FIELD_GEAR_MAINTENANCE_LIST", "E", "$#CURR#$", kReturnsOnReturn, ""),
