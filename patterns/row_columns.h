@@ -49,7 +49,10 @@ constexpr store::HostColumn ColumnOf(const RowAttribute& a, const char* column,
     case 'I': return store::HostSmall(column, place, flags);
     case 'Q':
       if (!SameText(a.name, "D_LAST_UPDATE_TIMESTAMP")) throw "a timestamp other than the stamp";
-      return store::HostDate("D_LAST_UPDATE_TS", place, flags);
+      // The stamp's column as the table names it (D_LAST_UPDT_TS in some),
+      // D_LAST_UPDATE_TS where no table is named.
+      return store::HostDate(
+          SameText(column, "D_LAST_UPDATE_TIMESTAMP") ? "D_LAST_UPDATE_TS" : column, place, flags);
     default: throw "an attribute type without a column";
   }
 }

@@ -378,13 +378,28 @@ int SelectInto(Block& block, const StatementDef& s, const void* in, void* out) {
 int Execute(Block& block, const StatementDef& s, const void* in) {
   SqlArea* area = Begin(block, s);
   if (!HasDatabase(block)) return NoDatabase(area);
+  // A write that fails undoes itself alone, and the unit of work goes on:
+  // SQLite does so by itself, PostgreSQL would abort the whole transaction,
+  // so there each write runs behind a savepoint of its own.
+  const Connection& connection = *block.connection();
+  const bool savepoint = connection.dialect == Dialect::kPostgres;
   Prepared p;
   try {
-    if (!Build(*block.connection(), s, in, RowId::kNone, nullptr, &p, area)) return area->sqlcode;
+    if (savepoint) *connection.sql << "SAVEPOINT lk_statement";
+    if (!Build(connection, s, in, RowId::kNone, nullptr, &p, area)) return area->sqlcode;
     p.st->execute(true);
     area->rows = p.st->get_affected_rows();
+    if (savepoint) *connection.sql << "RELEASE SAVEPOINT lk_statement";
   } catch (const std::exception& e) {
-    return Failure(block.connection(), e, area);
+    const int sqlcode = Failure(block.connection(), e, area);
+    if (savepoint) {
+      try {
+        *connection.sql << "ROLLBACK TO SAVEPOINT lk_statement";
+      } catch (const std::exception&) {
+        // The connection is gone; the commit will say so.
+      }
+    }
+    return sqlcode;
   }
   area->sqlcode = kSqlOk;
   return area->sqlcode;
