@@ -9,6 +9,7 @@
 
 #include <gtest/gtest.h>
 
+#include "modules/biological_part/biological_part_views.h"
 #include "modules/lab_remark/lab_remark_views.h"
 #include "modules/permitted_value/permitted_value_views.h"
 #include "modules/project_station_role/project_station_role_views.h"
@@ -28,6 +29,8 @@ struct TableRow {
 const TableRow kRows[] = {
     {"TSRLBRMK", patterns::RowColumns<lab_remark::RemarkForms>::kAll, true},
     {"TSRLBRMK", patterns::RowColumns<lab_remark::RemarkListForms>::kAll, false},
+    {"TSRBIOPT", patterns::RowColumns<biological_part::BioPartForms>::kAll, true},
+    {"TSRBIOPT", patterns::RowColumns<biological_part::BioPartListForms>::kAll, false},
     {"TSMPSR", patterns::RowColumns<project_station_role::RoleForms>::kAll, true},
     {"TSMPRMVL", patterns::RowColumns<permitted_value::PvForms>::kAll, true},
     {"TSMPRMVL", patterns::RowColumns<permitted_value::PvTablesForms>::kAll, false},

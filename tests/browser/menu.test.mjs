@@ -154,21 +154,21 @@ test('Alt+C opens the characteristic type dialog, Alt+L closes it', async () => 
   await snap('char-type-closed');
 });
 
-test('Bio Part reports its missing module in a message box', async () => {
-  await button(MENU, 'Bio Part').click();
+test('FIPS Hydrologic Unit reports its missing module in a message box', async () => {
+  await button(MENU, 'FIPS Hydrologic Unit').click();
   const box = page.getByRole('alertdialog');
   await box.waitFor();
   const text = (await box.locator('.msgbox-text').textContent())?.trim();
-  assert.equal(text, 'Procedure RT48_BIO_PART_MAINT_LIST of module LKBASE is not available.');
+  assert.equal(text, 'Procedure RT36_FIPS_HUC_MAINT_LIST of module LKBASE is not available.');
   // The box holds the page: the menu takes no input until OK.
   assert.equal(await page.locator('#desktop').evaluate((el) => el.inert), true);
-  await snap('bio-part-message');
+  await snap('fips-message');
 
   await box.getByRole('button', { name: 'OK' }).click();
   await box.waitFor({ state: 'detached' });
   await win(MENU).waitFor();
   assert.equal(await page.locator('#desktop').evaluate((el) => el.inert), false);
-  await snap('bio-part-dismissed');
+  await snap('fips-dismissed');
 });
 
 test('Help opens the menu help in a new window and keeps the menu', async () => {
