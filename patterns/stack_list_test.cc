@@ -377,5 +377,40 @@ TEST_F(StackListTest, AFailedReadStopsTheRefreshBeforeItTouchesTheRows) {
   EXPECT_TRUE(MarkedRows().empty());
 }
 
+// A list without paging: no stack, no page, no flags. The steps leave out
+// what it does not have and touch nothing in their place.
+TEST_F(StackListTest, AListWithoutPagingHasNoPageAndNoFlags) {
+  const StackList plain = {&kViews,  kBodyViews, "EXPORT.SYSTEM_VARIABLE.", nullptr,
+                           "GRP_EXPORT.THING.", "EXPORT_SELECTED.THING.", kRows, kLink,
+                           "TEST_DELETE_DIALOG", false};
+  StackListView view = View();
+  view.page = nullptr;
+  view.next_enabled = view.prev_enabled = view.at_top = view.at_bottom = nullptr;
+  TextMove(in_.USER_ID_CODE, "JSMITH", 9);
+  int reads = 0;
+  StackOpen(plain, &rc_, kOwn, &in_, view, [&] { ++reads; });
+  EXPECT_EQ(1, reads);
+  EXPECT_STREQ("JSMITH  ", out_.USER_ID_CODE.value);
+  EXPECT_STREQ("LIST", rc_.command);
+  Mark(2);
+  StackClick(plain, nullptr, &window_port, &rc_, view, nullptr, nullptr);
+  EXPECT_EQ(2, Subscript());
+  EXPECT_EQ("B     ", Hand());
+  // The body copies no stack; the refresh seeks the row in hand.
+  in_.stack_count = 2;
+  PutNumber(in_.HAND_IS_NUMBER, 30);
+  TextMove(in_.HAND_ORG_ID, "ZZZZZZZZ", 9);
+  SetCommand(&rc_, "RETURN");
+  StackBody(plain, nullptr, &window_port, &rc_, kOwn, &in_, view, nullptr, [&] { ++reads; });
+  EXPECT_EQ(2, reads);
+  EXPECT_EQ(0, out_.stack_count);
+  EXPECT_EQ(3, Subscript());
+  EXPECT_EQ('\0', out_.PAGE.value[0]);
+  EXPECT_EQ('\0', out_.NEXT_ENABLED.value[0]);
+  EXPECT_EQ('\0', out_.PREV_ENABLED.value[0]);
+  EXPECT_EQ('\0', out_.AT_TOP.value[0]);
+  EXPECT_EQ('\0', out_.AT_BOTTOM.value[0]);
+}
+
 }  // namespace
 }  // namespace lk::patterns

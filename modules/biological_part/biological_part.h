@@ -54,7 +54,7 @@ inline constexpr u32 kListControl = 750;
 // A list row: six display bytes and the name.
 inline constexpr u32 kListRowSize = 6 + kName;
 inline constexpr ListColumnRow kListColumns[] = {
-    {(18u << 16) | 9u, (18u << 16) | 160u, 162, 'L', 6, kListRowSize, kNameType, 0, 748,
+    {(18u << 16) | 9u, (18u << 16) | 160u, 278, 'L', 6, kListRowSize, kNameType, 0, 748,
      {0, 0}},
     {},
 };
