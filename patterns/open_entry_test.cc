@@ -21,6 +21,8 @@ constexpr char kDuplicateText[] = "A thing with this name already exists.";
 
 const OpenEntry kEntry = {kNotFound, kDuplicate, kDuplicateText, nullptr, 81};
 const OpenEntry kReturning = {kNotFound, kDuplicate, kDuplicateText, "RETURN", 81};
+// A window whose check sits in its action blocks.
+const OpenEntry kBlocksCheck = {kNotFound, kDuplicate, kDuplicateText, "RETURN", 81, true};
 const UnitId kOwn = {"0000000099", "TEST_ENTRY_PB_ACCEPT_CLICK"};
 
 class OpenEntryTest : public ::testing::Test {
@@ -177,6 +179,40 @@ TEST_F(OpenEntryTest, AFatalCheckStopsTheAccept) {
   }
   EXPECT_TRUE(aborted);
   EXPECT_TRUE(calls_.empty());
+}
+
+TEST_F(OpenEntryTest, WhereTheBlocksCheckTheWindowCallsNoCheckOfItsOwn) {
+  TextMove(kept_, "ADD", 81);
+  Write(kBlocksCheck, /*found=*/true);
+  EXPECT_EQ((std::vector<std::string>{"add"}), calls_);
+  EXPECT_EQ(EXIT_CANCEL, rc_.exit_state);
+  EXPECT_STREQ("RETURN", rc_.command);
+  calls_.clear();
+  TextMove(kept_, "CHANGE", 81);
+  TextMove(name_.value, "AC", 7);
+  Write(kBlocksCheck, /*found=*/true);
+  EXPECT_EQ((std::vector<std::string>{"change"}), calls_);
+}
+
+TEST_F(OpenEntryTest, WhereTheBlocksCheckTheirMessageStandsAndNothingIsRolledBack) {
+  TextMove(kept_, "CHANGE", 81);
+  TextMove(name_.value, "AC", 7);
+  SetCommand(&rc_, "CHANGE");
+  OpenEntryWrite(
+      kBlocksCheck, &rc_, kOwn, kept_, {{name_.value, hidden_.value}}, {name_.display},
+      [&] { calls_.push_back("check"); }, [&] { calls_.push_back("add"); },
+      [&] {
+        calls_.push_back("change");
+        SetExit(&rc_, kNotUnique, "THING already exists", 'E');
+      });
+  EXPECT_EQ((std::vector<std::string>{"change"}), calls_);
+  EXPECT_EQ(kNotUnique, rc_.exit_state);
+  EXPECT_EQ('E', rc_.message_kind);
+  EXPECT_NE('R', rc_.exit_rollback);
+  EXPECT_EQ("THING already exists", std::string(rc_.exit_message, 20));
+  // The window stays: no return command.
+  EXPECT_STREQ("CHANGE", rc_.command);
+  EXPECT_EQ(std::string(kDisplayNormal, 6), std::string(name_.display, 6));
 }
 
 }  // namespace

@@ -268,6 +268,20 @@ TEST_P(BiologicalPartTest, ARowDeletedByOthersIsNotFoundAtAcceptInChangeMode) {
   EXPECT_EQ(kNoRow, Buttons());
 }
 
+TEST_P(BiologicalPartTest, ARowGoneBeforeTheWindowOpensShowsBlankWithTheReadsMessage) {
+  LoadParts(kFive);
+  OpenList();
+  Ok(ClickRow(kList, 2));
+  Exec("DELETE FROM TSRBIOPT WHERE TSRBIOPT_IS_NUMBER = 2");
+  Ok(Click(kList, "&Change"));
+  EXPECT_EQ((std::vector<std::string>{kEntry}), Windows());
+  // The read's message has kind "E" and shows; no exit state is tested.
+  EXPECT_EQ(kNotFound, Message());
+  EXPECT_EQ("", Value(kEntry, "NAME1"));
+  Ok(Click(kEntry, "Cance&l"));
+  EXPECT_EQ((std::vector<std::string>{"Blood", "Gill", "Liver", "Muscle"}), Names());
+}
+
 // ---- Deleting ----
 
 TEST_P(BiologicalPartTest, DeleteOfTheOnlyRowLeavesAnEmptyList) {
