@@ -40,7 +40,7 @@ TEST(HostTest, SessionsByTokenAndIdentityChecks) {
       {{{"user", "J\xE4\xB8\xAD"}, {"org", "ZZZZZZZZ"}}},
       {{{"user", "JSMITH"}, {"org", "ZZZZZZZZ"}, {"start", {{"procedure", "RT99_NONE"}}}}},
       {{{"user", "JSMITH"}, {"org", "ZZZZZZZZ"},
-        {"start", {{"procedure", "RT48_BIO_PART_MAINT_LIST"}}}}},
+        {"start", {{"procedure", "RT36_FIPS_HUC_MAINT_LIST"}}}}},
   };
   for (const Bad& b : bad) {
     SCOPED_TRACE(b.request.dump());

@@ -141,7 +141,8 @@ void BeginOpen(const StackList& list, RunContext* rc, const void* import_view,
 
 void EndOpen(const StackList& list, const StackListView& view) {
   if (view.at_bottom != nullptr) SetFlag(view.next_enabled, TextIsBlank(view.at_bottom));
-  if (list.open_enables_prev && view.at_top != nullptr) SetFlag(view.prev_enabled, TextIsBlank(view.at_top));
+  if (list.open_enables_prev && view.at_top != nullptr)
+    SetFlag(view.prev_enabled, TextIsBlank(view.at_top));
 }
 
 void BeginRefresh(const StackListView& view, const char* import_page) {

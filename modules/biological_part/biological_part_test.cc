@@ -98,15 +98,15 @@ TEST_P(BiologicalPartTest, The201stPartInNameOrderDoesNotShow) {
   std::string rows;
   char line[128];
   for (int i = 1; i <= 201; ++i) {
-    std::snprintf(line, sizeof line, "%d,ZZZZZZZZ,Part %03d,LOADER,2023-05-01 10:00:00\n", i, i);
+    std::snprintf(line, sizeof line, "%d,ZZZZZZZZ,Organ %03d,LOADER,2023-05-01 10:00:00\n", i, i);
     rows += line;
   }
   LoadParts(rows);
   OpenList();
   const std::vector<std::string> names = Names();
   ASSERT_EQ(200u, names.size());
-  EXPECT_EQ("Part 001", names.front());
-  EXPECT_EQ("Part 200", names.back());
+  EXPECT_EQ("Organ 001", names.front());
+  EXPECT_EQ("Organ 200", names.back());
   EXPECT_EQ("", Message());
   EXPECT_EQ(201, Count("TSRBIOPT"));
 }

@@ -399,11 +399,11 @@ TEST_P(MenuHttpTest, FlowToAMissingProcedureSaysSo) {
     const char* control;
     const char* text;
   };
-  // RT48 holds while the biological part module has no entry yet; RT52 lives
-  // in LKBASE2, which is not installed.
+  // RT36 holds while the FIPS hydrologic unit module has no entry yet; RT52
+  // lives in LKBASE2, which is not installed.
   const Case kCases[] = {
-      {"&Bio Part",
-       "Procedure RT48_BIO_PART_MAINT_LIST of module LKBASE is not available."},
+      {"FIPS Hydrologic Unit",
+       "Procedure RT36_FIPS_HUC_MAINT_LIST of module LKBASE is not available."},
       {"Error Messa&ge",
        "Procedure RT52_ERROR_MESSAGES_MAINT_LIST of module LKBASE2 is not "
        "available."},
