@@ -149,6 +149,36 @@ int NoDatabase(SqlArea* area) {
   return area->sqlcode;
 }
 
+// A write that fails undoes itself alone, and the unit of work goes on.
+// SQLite does so by itself; PostgreSQL would abort the whole transaction, so
+// there each write runs behind a savepoint of its own, released when the
+// write stood and rolled back to when it did not (the scope left by a throw
+// or an early return).
+class WriteSavepoint {
+ public:
+  explicit WriteSavepoint(const Connection& c)
+      : sql_(c.dialect == Dialect::kPostgres ? c.sql : nullptr) {
+    if (sql_ != nullptr) *sql_ << "SAVEPOINT lk_statement";
+  }
+  WriteSavepoint(const WriteSavepoint&) = delete;
+  WriteSavepoint& operator=(const WriteSavepoint&) = delete;
+  ~WriteSavepoint() {
+    if (sql_ == nullptr) return;
+    try {
+      *sql_ << "ROLLBACK TO SAVEPOINT lk_statement";
+    } catch (...) {
+      // The connection is gone; the commit will say so.
+    }
+  }
+  void Keep() {
+    if (sql_ != nullptr) *sql_ << "RELEASE SAVEPOINT lk_statement";
+    sql_ = nullptr;
+  }
+
+ private:
+  soci::session* sql_;
+};
+
 const HostColumn* FindInput(const StatementDef& s, const std::string& name) {
   for (const HostColumn& c : s.inputs)
     if (name == c.name) return &c;
@@ -378,28 +408,15 @@ int SelectInto(Block& block, const StatementDef& s, const void* in, void* out) {
 int Execute(Block& block, const StatementDef& s, const void* in) {
   SqlArea* area = Begin(block, s);
   if (!HasDatabase(block)) return NoDatabase(area);
-  // A write that fails undoes itself alone, and the unit of work goes on:
-  // SQLite does so by itself, PostgreSQL would abort the whole transaction,
-  // so there each write runs behind a savepoint of its own.
-  const Connection& connection = *block.connection();
-  const bool savepoint = connection.dialect == Dialect::kPostgres;
   Prepared p;
   try {
-    if (savepoint) *connection.sql << "SAVEPOINT lk_statement";
-    if (!Build(connection, s, in, RowId::kNone, nullptr, &p, area)) return area->sqlcode;
+    WriteSavepoint savepoint(*block.connection());
+    if (!Build(*block.connection(), s, in, RowId::kNone, nullptr, &p, area)) return area->sqlcode;
     p.st->execute(true);
     area->rows = p.st->get_affected_rows();
-    if (savepoint) *connection.sql << "RELEASE SAVEPOINT lk_statement";
+    savepoint.Keep();
   } catch (const std::exception& e) {
-    const int sqlcode = Failure(block.connection(), e, area);
-    if (savepoint) {
-      try {
-        *connection.sql << "ROLLBACK TO SAVEPOINT lk_statement";
-      } catch (const std::exception&) {
-        // The connection is gone; the commit will say so.
-      }
-    }
-    return sqlcode;
+    return Failure(block.connection(), e, area);
   }
   area->sqlcode = kSqlOk;
   return area->sqlcode;
@@ -505,9 +522,11 @@ int Cursor::UpdateCurrent(Block& block, const StatementDef& s, const void* in) {
   }
   Prepared p;
   try {
+    WriteSavepoint savepoint(*block.connection());
     const std::string row = state_->prepared.row_id.text;
     if (!Build(*block.connection(), s, in, RowId::kWhere, &row, &p, area)) return area->sqlcode;
     const bool got = p.st->execute(true);
+    savepoint.Keep();
     if (block.connection()->dialect == Dialect::kPostgres) {
       // The row's new version has a new ctid: a second update finds it.
       area->rows = got ? 1 : 0;
