@@ -13,6 +13,8 @@
 #include "modules/lab_remark/lab_remark_views.h"
 #include "modules/permitted_value/permitted_value_views.h"
 #include "modules/project_station_role/project_station_role_views.h"
+#include "modules/unit_of_measure/unit_of_measure_preview.h"
+#include "modules/unit_of_measure/unit_of_measure_views.h"
 #include "patterns/row_columns.h"
 #include "store/schema.h"
 #include "store/statement.h"
@@ -31,6 +33,8 @@ const TableRow kRows[] = {
     {"TSRLBRMK", patterns::RowColumns<lab_remark::RemarkListForms>::kAll, false},
     {"TSRBIOPT", patterns::RowColumns<biological_part::BioPartForms>::kAll, true},
     {"TSRBIOPT", patterns::RowColumns<biological_part::BioPartListForms>::kAll, false},
+    {"TSRUOM", patterns::RowColumns<unit_of_measure::UomForms>::kAll, true},
+    {"TSRUOM", patterns::RowColumns<unit_of_measure::UomPreviewForms>::kAll, false},
     {"TSMPSR", patterns::RowColumns<project_station_role::RoleForms>::kAll, true},
     {"TSMPRMVL", patterns::RowColumns<permitted_value::PvForms>::kAll, true},
     {"TSMPRMVL", patterns::RowColumns<permitted_value::PvTablesForms>::kAll, false},

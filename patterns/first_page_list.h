@@ -53,7 +53,9 @@
 //   Close     EXIT_RETURN.
 //   Refresh   the view's COMMAND "ADD": LAST := blank, the first page (the
 //             PREV flag stays as it was, so that a page up from there shows
-//             blank rows above the first row); otherwise LAST := FIRST, the
+//             blank rows above the first row; a list whose L declares
+//             kAddStartsOver also blanks FIRST and sets the PREV flag "N":
+//             the list starts over); otherwise LAST := FIRST, the
 //             same page. COMMAND := "LIST"; the read; the row in hand sought
 //             by its IS number (rounded) and ORG ID, the first match becomes
 //             SUBSCRIPT (0 when none); that row set to state 5, then 7 (row 0
@@ -676,6 +678,10 @@ class FirstPageList {
   static void Refresh(HandleA a, HandleB b, RunContext* rc, const UnitId& own, Export* out) {
     if (TextCompare(out->EXPORT.RUNTIME_SUPPLIED.COMMAND.value, "ADD") == 0) {
       BlankShown(Forms::kAttributes, &out->EXPORT_LAST);
+      if constexpr (requires { L::kAddStartsOver; }) {
+        BlankShown(Forms::kAttributes, &out->EXPORT_FIRST);
+        TextMove(out->EXPORT_PREV.FLAG.value, "N", 2);
+      }
     } else {
       out->EXPORT_LAST = out->EXPORT_FIRST;
     }

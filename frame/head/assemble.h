@@ -112,7 +112,9 @@ class HeadTables {
       const ProcedureDecl* p = kByIndex[i];
       if (p == nullptr) continue;
       rows[n++] = {kProcedureList[i].name, p->view_rows, p->group_rows, p->id};
-      rows[n++] = {p->title, p->view_rows, p->group_rows, p->id};
+      // A procedure without a title (a dialog entered only from elsewhere)
+      // is found by its name alone.
+      if (p->title != nullptr) rows[n++] = {p->title, p->view_rows, p->group_rows, p->id};
     }
     return rows;
   }();
