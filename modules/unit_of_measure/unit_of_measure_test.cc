@@ -371,6 +371,15 @@ TEST_P(UnitOfMeasurePreviewTest, ShowAllUnitsOffAgainReturnsToTheEnteredType) {
   EXPECT_EQ((std::vector<std::string>{"TEMP/deg C", "TEMP/deg F"}), Rows());
 }
 
+TEST_P(UnitOfMeasurePreviewTest, ATypeOutsideTheListIsAFatalStopOfTheRead) {
+  Exec("INSERT INTO TSRUOM VALUES (9, 'ZZZZZZZZ', 'BOGUS', 'b', 'Bogus', 'OTHER', "
+       "'2023-06-01 10:00:00')");
+  const Reply r = Type(kPreview, "FLAG1", {{"FLAG", "Y"}});
+  ASSERT_FALSE(r.body["failure"].is_null()) << r.body.dump();
+  EXPECT_EQ("IA", r.body["failure"]["status_detail"]);
+  EXPECT_EQ("READ_UNIT_OF_MEASURE_PREVIEW", r.body["failure"]["unit_name"]);
+}
+
 TEST_P(UnitOfMeasurePreviewTest, AClickMarksARowASecondClickReleasesIt) {
   Ok(ClickRow(kPreview, 2));
   EXPECT_EQ((std::vector<int>{2}), Selected(kPreview));
