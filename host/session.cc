@@ -418,7 +418,19 @@ void Session::EndCall(Activation* act) {
 }
 
 void Session::Redisplay(Activation* act) {
-  if (act->windows.empty()) OpenFirstWindow(act);
+  if (act->windows.empty()) {
+    // The procedure's first window opens here, after a run of its body (a
+    // flow or a start in mode "E"). A window that has an Open event runs it
+    // as it opens, over what the body left: the event reads the window's
+    // data, as it does when the window opens first (mode "D").
+    OpenWindow* w = OpenFirstWindow(act);
+    const lk::EventRow* open = w != nullptr ? w->EventOf(w->row()->dialog_id, "Open") : nullptr;
+    if (open != nullptr) {
+      if (w->row()->write_window != nullptr) w->row()->write_window(w->handle(), act->exported());
+      RunEventRow(act, w, open);
+      return;
+    }
+  }
   // The window on top first, so that a field's cursor mark fires there.
   for (auto it = act->windows.rbegin(); it != act->windows.rend(); ++it) {
     OpenWindow* w = it->get();

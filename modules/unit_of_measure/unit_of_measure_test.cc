@@ -333,10 +333,11 @@ TEST_P(UnitOfMeasureTest, RequestsTheWindowsCannotTakeAreRefusedAndChangeNothing
 
 // ---- The preview, entered from elsewhere ----
 
-// Entered with flow-on mode "E", the body runs and the window shows without
-// its Open event: the rows, which the Open reads, are not there.
-TEST_P(UnitOfMeasureTest, EnteredByItsBodyThePreviewShowsNoRowsUntilAskedAgain) {
-  LoadUnits("2,ZZZZZZZZ,TEMP,deg C,Celsius,LOADER,2023-05-01 10:00:00\n");
+// Entered with flow-on mode "E", the body runs, and the window's Open event
+// runs as the window opens: the rows of the type entered show.
+TEST_P(UnitOfMeasureTest, EnteredByItsBodyThePreviewOpensWithTheRowsOfItsType) {
+  LoadUnits("1,ZZZZZZZZ,LEN,m,Meters,LOADER,2023-05-01 10:00:00\n"
+            "2,ZZZZZZZZ,TEMP,deg C,Celsius,LOADER,2023-05-01 10:00:00\n");
   EndSession();
   StartRequest start;
   start.procedure = kPreview;
@@ -344,11 +345,11 @@ TEST_P(UnitOfMeasureTest, EnteredByItsBodyThePreviewShowsNoRowsUntilAskedAgain) 
   start.import = {{"EXPORT.CHARACTERISTIC.UOM_TYPE", "TEMP"}};
   Start("JSMITH", "ORG1", start);
   EXPECT_EQ((std::vector<std::string>{kPreview}), Windows());
-  EXPECT_TRUE(ListRows(kPreview).empty());
-  // "Show All Units" reads, with the type the body kept.
-  Ok(Type(kPreview, "FLAG1", {{"FLAG", "N"}}));
   ASSERT_EQ(1u, ListRows(kPreview).size());
   EXPECT_EQ("deg C", ListRows(kPreview)[0].cells.at(1));
+  // "Show All Units" reads every type.
+  Ok(Type(kPreview, "FLAG1", {{"FLAG", "Y"}}));
+  EXPECT_EQ(2u, ListRows(kPreview).size());
 }
 
 class UnitOfMeasurePreviewTest : public UnitOfMeasureTest {
