@@ -36,6 +36,10 @@ bool NoDuplicate(const OpenEntry& entry, RunContext* rc, std::span<char* const> 
 
 void EndWrite(const OpenEntry& entry, RunContext* rc, bool wrote) {
   if (wrote && rc->exit_state != EXIT_NONE) {
+    if (entry.write_refusals_stand) {
+      rc->message_kind = 'E';
+      return;
+    }
     InternalError(rc);
     return;
   }

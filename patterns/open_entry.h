@@ -31,7 +31,10 @@
 //      MODIFY action block). The check does not except the row itself;
 //   8. after the add or the change, an exit state other than EXIT_NONE
 //      becomes the internal error (EXIT_SYSTEM_ERROR, kind 'E', rollback
-//      'R') and the window stays. An exit state still EXIT_NONE becomes
+//      'R') and the window stays; where the window says
+//      write_refusals_stand, the block's exit state and words stand
+//      instead, kind 'E', and the window stays as well.
+// A window with no_duplicate_check makes neither check of 6 and 7. An exit state still EXIT_NONE becomes
 //      EXIT_CANCEL with a blank message (and COMMAND := the entry's
 //      return_command, where it names one): the window closes and the list
 //      reloads.
@@ -67,6 +70,12 @@ struct OpenEntry {
   const char* duplicate_text;   // and its words
   const char* return_command;   // COMMAND set with EXIT_CANCEL, or null
   int kept_command_width;       // storage of the view's COMMAND attribute
+  // A window without a duplicate read: the write goes straight to the add or
+  // the change, and a key in use shows only as the write block's refusal.
+  bool no_duplicate_check = false;
+  // The write blocks' own refusals (a key in use, a value they reject) stand
+  // on the window as they are, kind 'E', instead of the internal error.
+  bool write_refusals_stand = false;
 };
 
 // An editable field and its copy as first shown.
@@ -113,11 +122,13 @@ void OpenEntryWrite(const OpenEntry& entry, RunContext* rc, const UnitId& own,
     internal::EndWrite(entry, rc, false);
     return;
   }
-  rc->run_mode = ' ';
-  check();
-  CheckCallee(rc);
-  StoreUnitId(rc, own);
-  if (!internal::NoDuplicate(entry, rc, duplicate_marks)) return;
+  if (!entry.no_duplicate_check) {
+    rc->run_mode = ' ';
+    check();
+    CheckCallee(rc);
+    StoreUnitId(rc, own);
+    if (!internal::NoDuplicate(entry, rc, duplicate_marks)) return;
+  }
   SetExit(rc, EXIT_NONE, nullptr, 'N');
   rc->run_mode = ' ';
   if (mode == EntryMode::kAdd) {

@@ -15,6 +15,8 @@
 //           Identify (the IS number and ORG ID it wrote go into the window)
 //           and Modify.
 //   Cancel  the pattern's Cancel.
+// Where L gives kKeyDisplayOnChange (six characters, "3gA2B7" and the like),
+// Open on "CHANGE" puts it on the row's key attributes, which protects them.
 //
 // L gives: using Forms (the window's row), HiddenForms (the editable
 // attributes), Dictionary (OpenEntryViews over them); Views(), the
@@ -74,6 +76,8 @@ class OpenEntryUnits {
                         MoveValue(Hidden::kAttributes[h],
                                   Place(&e->EXPORT_HIDDEN, Hidden::kAttributes[h].shown),
                                   Place(&row, kRowOfHidden[h].row));
+                      if constexpr (requires { L::kKeyDisplayOnChange; })
+                        MarkKeys(Forms::kAttributes, &e->ROW, L::kKeyDisplayOnChange);
                     });
     });
   }

@@ -49,7 +49,8 @@ constexpr store::HostColumn ColumnOf(const RowAttribute& a, const char* column,
     case 'I': return store::HostSmall(column, place, flags);
     case 'Q':
       if (!SameText(a.name, "D_LAST_UPDATE_TIMESTAMP")) throw "a timestamp other than the stamp";
-      return store::HostDate("D_LAST_UPDATE_TS", place, flags);
+      return store::HostDate(SameText(column, a.name) ? "D_LAST_UPDATE_TS" : column, place,
+                             flags);
     default: throw "an attribute type without a column";
   }
 }
