@@ -11,7 +11,9 @@
 //             gives, D_USERID_CODE := USER_ID_CODE, the stamp of now, the
 //             insert. "OK" exports the row as written; "DF" T::kAlreadyExists
 //             with its text, kind 'N'; "BP" T::kPermittedValue where the
-//             table has one; anything else is fatal.
+//             table has one; anything else is fatal. A refused row exports
+//             the row as given: its key is the one it came with, since a
+//             code table's key is typed, not drawn from a counter.
 //   Modify    the row by code and ORG ID read for update; not found:
 //             T::kNotFound, kind 'N'. Its values, the user and the stamp
 //             written under the cursor and exported; "DF" T::kNotUnique and
@@ -89,7 +91,10 @@ class CodeRowBlocks {
       store::Insert(block, T::kInsert, &identify_state_, &host_, &entity_);
       if (store::StateIs(identify_state_.status, "OK")) {
         *written = host_;
-      } else if (store::StateIs(identify_state_.status, "DF")) {
+        return;
+      }
+      *written = *row;
+      if (store::StateIs(identify_state_.status, "DF")) {
         SetExit(rc, T::kAlreadyExists, T::kAlreadyExistsText, 'N');
       } else if (!PermittedValue(rc, identify_state_)) {
         store::FailOnStatus(block, identify_state_);

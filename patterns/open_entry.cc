@@ -38,6 +38,7 @@ void EndWrite(const OpenEntry& entry, RunContext* rc, bool wrote) {
   if (wrote && rc->exit_state != EXIT_NONE) {
     if (entry.write_refusals_stand) {
       rc->message_kind = 'E';
+      rc->exit_rollback = 'R';
       return;
     }
     InternalError(rc);

@@ -33,7 +33,7 @@
 //      becomes the internal error (EXIT_SYSTEM_ERROR, kind 'E', rollback
 //      'R') and the window stays; where the window says
 //      write_refusals_stand, the block's exit state and words stand
-//      instead, kind 'E', and the window stays as well.
+//      instead, kind 'E', rollback 'R', and the window stays as well.
 // A window with no_duplicate_check makes neither check of 6 and 7. An exit state still EXIT_NONE becomes
 //      EXIT_CANCEL with a blank message (and COMMAND := the entry's
 //      return_command, where it names one): the window closes and the list
