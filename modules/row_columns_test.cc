@@ -9,6 +9,7 @@
 
 #include <gtest/gtest.h>
 
+#include "modules/geologic_unit/geologic_unit_views.h"
 #include "modules/lab_remark/lab_remark_views.h"
 #include "modules/permitted_value/permitted_value_views.h"
 #include "modules/project_station_role/project_station_role_views.h"
@@ -26,6 +27,8 @@ struct TableRow {
 };
 
 const TableRow kRows[] = {
+    {"TSMGEOUN", patterns::RowColumns<geologic_unit::UnitForms>::kAll, true},
+    {"TSMGEOUN", patterns::RowColumns<geologic_unit::UnitListForms>::kAll, false},
     {"TSRLBRMK", patterns::RowColumns<lab_remark::RemarkForms>::kAll, true},
     {"TSRLBRMK", patterns::RowColumns<lab_remark::RemarkListForms>::kAll, false},
     {"TSMPSR", patterns::RowColumns<project_station_role::RoleForms>::kAll, true},

@@ -60,13 +60,13 @@ inline constexpr u32 kStateAt = kTypeAt + 2 + 6;
 inline constexpr u32 kNameAt = kStateAt + 3 + 6;
 inline constexpr u32 kListRowSize = kNameAt + kName;
 inline constexpr ListColumnRow kListColumns[] = {
-    {(34u << 16) | 9u, (34u << 16) | 60u, 60, 'L', kCodeAt, kCodeAt + kCode, kCodeType, 0, 1028,
+    {(54u << 16) | 9u, (54u << 16) | 58u, 58, 'L', kCodeAt, kCodeAt + kCode, kCodeType, 0, 1028,
      {0, 0}},
-    {(34u << 16) | 62u, (34u << 16) | 100u, 100, 'L', kTypeAt, kTypeAt + 2, kTypeCodeType, 0,
+    {(54u << 16) | 60u, (54u << 16) | 106u, 106, 'L', kTypeAt, kTypeAt + 2, kTypeCodeType, 0,
      1029, {0, 0}},
-    {(34u << 16) | 102u, (34u << 16) | 140u, 140, 'L', kStateAt, kStateAt + 3, kStateCodeType, 0,
+    {(54u << 16) | 108u, (54u << 16) | 154u, 154, 'L', kStateAt, kStateAt + 3, kStateCodeType, 0,
      1030, {0, 0}},
-    {(34u << 16) | 142u, (34u << 16) | 300u, 302, 'L', kNameAt, kListRowSize, kNameType, 0, 1031,
+    {(54u << 16) | 156u, (54u << 16) | 300u, 302, 'L', kNameAt, kListRowSize, kNameType, 0, 1031,
      {0, 0}},
     {},
 };
