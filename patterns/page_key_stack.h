@@ -24,7 +24,7 @@
 #include <cstring>
 
 #include "frame/run_context.h"
-#include "patterns/group.h"
+#include "frame/unit.h"
 #include "services/text.h"
 
 namespace lk::patterns {
