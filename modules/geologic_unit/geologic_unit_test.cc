@@ -394,6 +394,31 @@ TEST_P(GeologicUnitTest, AUnitOfASpringAndAnIntervalReportsTheSpring) {
   EXPECT_EQ(2, Count("TSMIGUA"));
 }
 
+TEST_P(GeologicUnitTest, AfterADeleteThePagingButtonsFollowTheLastRead) {
+  LoadMany(450);
+  OpenList();
+  Ok(Click(kList, "&Next"));
+  Ok(Click(kList, "&Next"));
+  ASSERT_EQ(52u, Codes().size());
+  Ok(ClickRow(kList, 2));
+  Ok(Click(kList, "&Delete"));
+  Ok(Click(kDelete, "&Delete"));
+  EXPECT_EQ(51u, Codes().size());
+  EXPECT_EQ(0, Count("TSMGEOUN", "TSMGEOUN_CD = 'G00400'"));
+  // The last page: Prev on, Next off.
+  EXPECT_TRUE(Enabled(kList, "&Prev"));
+  EXPECT_FALSE(Enabled(kList, "&Next"));
+  // And on page 1, the other way round.
+  Ok(Click(kList, "&Prev"));
+  Ok(Click(kList, "&Prev"));
+  Ok(ClickRow(kList, 1));
+  Ok(Click(kList, "&Delete"));
+  Ok(Click(kDelete, "&Delete"));
+  EXPECT_EQ("G00002", Codes().front());
+  EXPECT_FALSE(Enabled(kList, "&Prev"));
+  EXPECT_TRUE(Enabled(kList, "&Next"));
+}
+
 TEST_P(GeologicUnitTest, ARowDeletedByOthersStaysInTheListUnmarked) {
   LoadUnits(kUnits);
   OpenList();

@@ -82,6 +82,15 @@ void Enable(HandleA a, HandleB b, const char* keyword, char* flag, bool on) {
   }
 }
 
+// A paging button alone, its enabled flag left as it stands.
+void Switch(HandleA a, HandleB b, const char* keyword, bool on) {
+  if (on) {
+    ControlEnable(a, b, keyword);
+  } else {
+    ControlDisable(a, b, keyword);
+  }
+}
+
 // The first page's range by code: code "A" to twelve "z", names blank to
 // eighty "z".
 void DefaultRange() {
@@ -156,11 +165,11 @@ void Return(HandleA a, HandleB b, RunContext* rc, ListExport* e) {
          Blank(l.EXPORT_ALREADY_AT_BOTTOM.FLAG.value));
 }
 
-// The paging buttons as their enabled flags say.
+// The paging buttons by the first-page and last-page flags of the last read.
 void ButtonsByFlags(HandleA a, HandleB b, ListExport* e) {
   auto& l = e->list;
-  Enable(a, b, "PREV", l.EXPORT_PREV_ENABLED.FLAG.value, !Blank(l.EXPORT_PREV_ENABLED.FLAG.value));
-  Enable(a, b, "NEXT", l.EXPORT_NEXT_ENABLED.FLAG.value, !Blank(l.EXPORT_NEXT_ENABLED.FLAG.value));
+  Switch(a, b, "PREV", Blank(l.EXPORT_ALREADY_AT_TOP.FLAG.value));
+  Switch(a, b, "NEXT", Blank(l.EXPORT_ALREADY_AT_BOTTOM.FLAG.value));
 }
 
 }  // namespace
@@ -207,7 +216,7 @@ void List::Up(HandleA a, HandleB b, RunContext* rc, void* import_view, void* exp
                     kName});
     patterns::PutNumber(l.EXPORT_STACK.SUBSCRIPT.value, page);
     SetCommand(rc, "PREV");
-    Enable(a, b, "NEXT", l.EXPORT_NEXT_ENABLED.FLAG.value, true);
+    ControlEnable(a, b, "NEXT");
     Read(a, b, rc, kUpId, e);
     Enable(a, b, "PREV", l.EXPORT_PREV_ENABLED.FLAG.value,
            Blank(l.EXPORT_ALREADY_AT_TOP.FLAG.value));
@@ -228,8 +237,7 @@ void List::Down(HandleA a, HandleB b, RunContext* rc, void* import_view, void* e
     Read(a, b, rc, kDownId, e);
     if (l.GRP_EXPORT.count >= 1 && l.GRP_EXPORT.count <= kListRows)
       Enable(a, b, "PREV", l.EXPORT_PREV_ENABLED.FLAG.value, true);
-    Enable(a, b, "NEXT", l.EXPORT_NEXT_ENABLED.FLAG.value,
-           Blank(l.EXPORT_ALREADY_AT_BOTTOM.FLAG.value));
+    Switch(a, b, "NEXT", Blank(l.EXPORT_ALREADY_AT_BOTTOM.FLAG.value));
   });
 }
 

@@ -11,8 +11,13 @@
 //     sorts by name only when a name is given with no code.
 //   - Prev reads the range of the page before from the stack by "PREV";
 //     Next reads on from the last code and name of the page by "NEXT", and
-//     the stack records the new page's keys. The enabled flags and the
-//     buttons (keywords "PREV" and "NEXT") follow the AT flags.
+//     the stack records the new page's keys. The buttons (keywords "PREV"
+//     and "NEXT") follow the AT flags; of the enabled flags, Open and Search
+//     set NEXT_ENABLED, Prev and Next only PREV_ENABLED, and the return
+//     both, as the list's steps say.
+//   - The return and RT46A's Delete set the paging buttons by the AT flags
+//     of the last read; a delete reads nothing, so they stand as that read
+//     left them.
 //   - The return from RT47 (COMMAND "RETURN") reads page 1 after an add,
 //     else the page on show from its first code, then marks the row in
 //     hand, found by code and ORG ID.
