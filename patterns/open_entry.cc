@@ -36,7 +36,12 @@ bool NoDuplicate(const OpenEntry& entry, RunContext* rc, std::span<char* const> 
 
 void EndWrite(const OpenEntry& entry, RunContext* rc, bool wrote) {
   if (wrote && rc->exit_state != EXIT_NONE) {
-    if (!entry.checks_in_blocks) InternalError(rc);
+    if (entry.checks_in_blocks) {
+      // The block's refusal stands, as an error.
+      rc->message_kind = 'E';
+      return;
+    }
+    InternalError(rc);
     return;
   }
   if (rc->exit_state != EXIT_NONE) return;

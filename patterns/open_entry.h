@@ -37,7 +37,8 @@
 //      EXIT_CANCEL with a blank message (and COMMAND := the entry's
 //      return_command, where it names one): the window closes and the list
 //      reloads. Where the check sits in the action blocks, the exit state
-//      and message of the block stand instead of the internal error.
+//      and message of the block stand instead of the internal error, as an
+//      error (kind 'E'), and the window stays.
 // Cancel (OpenEntryCancel): EXIT_CANCEL, blank message (and the
 // return_command); no field is tested.
 //

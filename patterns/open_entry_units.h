@@ -17,6 +17,8 @@
 //           checks_in_blocks), L need not give CheckDuplicate, and a write
 //           the block refused puts the import row back into the window.
 //   Cancel  the pattern's Cancel.
+// Where L gives kKeyDisplayOnChange (six characters, "3gA2B7" and the like),
+// Open on "CHANGE" puts it on the row's key attributes, which protects them.
 //
 // L gives: using Forms (the window's row), HiddenForms (the editable
 // attributes), Dictionary (OpenEntryViews over them); Views(), the
@@ -76,6 +78,8 @@ class OpenEntryUnits {
                         MoveValue(Hidden::kAttributes[h],
                                   Place(&e->EXPORT_HIDDEN, Hidden::kAttributes[h].shown),
                                   Place(&row, kRowOfHidden[h].row));
+                      if constexpr (requires { L::kKeyDisplayOnChange; })
+                        MarkKeys(Forms::kAttributes, &e->ROW, L::kKeyDisplayOnChange);
                     });
     });
   }

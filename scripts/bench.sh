@@ -38,6 +38,7 @@ run() {
 }
 
 run lab_remark_bench "$WATRIX_BUILD/lab_remark_bench"
+run geologic_unit_bench "$WATRIX_BUILD/geologic_unit_bench"
 run list_scale_bench "$WATRIX_BUILD/list_scale_bench"
 run permitted_value_bench "$WATRIX_BUILD/permitted_value_bench"
 run http_bench "$WATRIX_BUILD/http_bench"

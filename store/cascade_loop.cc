@@ -160,10 +160,10 @@ void CallDisassociation(HandleA a, HandleB b, RunContext* rc, CascadeRecord* rec
   StoreUnitId(rc, unit);
 }
 
-void RemoveCurrentRow(Block& block, HandleA a, HandleB b, RunContext* rc, EntityState* state,
-                      CascadeRecord* record, DeleteEntry entry, double is_number,
-                      const char* org_id, const char* statement, CascadeSteps steps,
-                      const UnitId& unit) {
+void RemoveCurrentRowByKey(Block& block, HandleA a, HandleB b, RunContext* rc,
+                           EntityState* state, CascadeRecord* record, DeleteEntry entry,
+                           const void* key, const char* statement, CascadeSteps steps,
+                           const UnitId& unit) {
   SetState(state->verb, "DL");
   if (StateIs(state->currency, "DU")) {
     SetState(state->status, "DU");
@@ -172,11 +172,18 @@ void RemoveCurrentRow(Block& block, HandleA a, HandleB b, RunContext* rc, Entity
   std::memcpy(rc->status, "  ", 3);
   SetState(state->currency, "DU");
   SetState(state->lock, "UL");
+  if (statement != nullptr) rc->statement = statement;
+  RemoveThroughCascade(a, b, rc, record, entry, key, state->status, steps, unit);
+}
+
+void RemoveCurrentRow(Block& block, HandleA a, HandleB b, RunContext* rc, EntityState* state,
+                      CascadeRecord* record, DeleteEntry entry, double is_number,
+                      const char* org_id, const char* statement, CascadeSteps steps,
+                      const UnitId& unit) {
   IsNumberKey key{};
   key.is_number = is_number;
   TextMove(key.org_id, org_id, sizeof key.org_id);
-  if (statement != nullptr) rc->statement = statement;
-  RemoveThroughCascade(a, b, rc, record, entry, &key, state->status, steps, unit);
+  RemoveCurrentRowByKey(block, a, b, rc, state, record, entry, &key, statement, steps, unit);
 }
 
 }  // namespace lk::store

@@ -81,6 +81,13 @@ void RemoveCurrentRow(Block& block, HandleA a, HandleB b, RunContext* rc, Entity
                       const char* org_id, const char* statement, CascadeSteps steps,
                       const UnitId& unit);
 
+// The same for a row keyed otherwise (a code table's CodeKey): `key` is the
+// key record that the entry takes.
+void RemoveCurrentRowByKey(Block& block, HandleA a, HandleB b, RunContext* rc,
+                           EntityState* state, CascadeRecord* record, DeleteEntry entry,
+                           const void* key, const char* statement, CascadeSteps steps,
+                           const UnitId& unit);
+
 // The disassociation of a procedure from its equipment (verb "DA"): blanks
 // the status, sets all five cascade flags 'Y', readies the record (first
 // byte, result and message area blank, rule and relationship 0), calls

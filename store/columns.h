@@ -241,10 +241,16 @@ constexpr bool SameName(const char* x, const char* y) {
 }
 // The column that view attribute `name` of a row of `table` stands for: the
 // column of that name or of that view attribute name; the stamp
-// D_LAST_UPDATE_TIMESTAMP is the column D_LAST_UPDATE_TS of every table.
+// D_LAST_UPDATE_TIMESTAMP is the column D_LAST_UPDATE_TS of a table, or
+// D_LAST_UPDT_TS where the table names it so (the code tables TSMGEOUN,
+// TSMSIC, TSMLTHUN).
 constexpr const Column& ColumnOfAttribute(std::span<const Column> table, const char* name) {
   const char* attribute = name;
-  if (SameName(name, "D_LAST_UPDATE_TIMESTAMP")) name = "D_LAST_UPDATE_TS";
+  if (SameName(name, "D_LAST_UPDATE_TIMESTAMP")) {
+    name = "D_LAST_UPDATE_TS";
+    for (const Column& c : table)
+      if (SameName(c.name, "D_LAST_UPDT_TS")) name = "D_LAST_UPDT_TS";
+  }
   for (const Column& c : table)
     if (SameName(c.name, name) || (c.attribute != nullptr && SameName(c.attribute, attribute)))
       return c;

@@ -734,6 +734,40 @@ const OUTLYING = { '60': 'AS', '66': 'GU', '69': 'MP', '72': 'PR', '78': 'VI' };
     ['D_USERID_CODE', 'char', 8], ['D_LAST_UPDT_TS', 'date'],
   ], all)]);
   console.log(`TSMGEOPA: ${rows.length} US counties (${coastal} coastal, ${lakes} on a Great Lake), ${countryRows.length} rows for Canada and Mexico`);
+
+  // TSMGEOUN: geologic units: the codes of the local aquifer domain list of
+  // the package wqx, the geologic unit codes of the USGS water data system,
+  // each filed under the FIPS code of a state ("01:111ALVM"). A code that
+  // several states use is kept once, with the first state in FIPS order,
+  // since the key is the code within the organisation; codes filed under a
+  // number that is no state of the atlas (the coastal and lake contexts) are
+  // left out. STATE_CODE is the state's postal code. The package holds no
+  // names: NAME says the code and its state, "Geologic unit 111ALVM,
+  // Alabama". TYPE_CODE is "B": each code names an aquifer, a hydrologic
+  // unit, as the geologic unit it lies in.
+  {
+    const firstState = new Map();
+    for (const entry of readJson('wqx', 'values/LocalAquifer.json').enum) {
+      const [fips, code] = entry.split(':');
+      if (!states.has(fips) || code.trim() !== code || code === '') continue;
+      if (!firstState.has(code)) firstState.set(code, fips);
+    }
+    const units = [...firstState].sort(([a], [b]) => (a < b ? -1 : a > b ? 1 : 0)).map(([code, fips]) => ({
+      TSMGEOUN_CD: code,
+      TSMGEOUN_ORG_ID: ORG,
+      TYPE_CODE: 'B',
+      STATE_CODE: states.get(fips).postal,
+      NAME: `Geologic unit ${code}, ${states.get(fips).name}`,
+      D_USERID_CODE: USER,
+      D_LAST_UPDT_TS: STAMP,
+    }));
+    checkUnique('TSMGEOUN', units, ['TSMGEOUN_CD', 'TSMGEOUN_ORG_ID']);
+    summary.push(['TSMGEOUN', writeTable('TSMGEOUN', [
+      ['TSMGEOUN_CD', 'char', 12], ['TSMGEOUN_ORG_ID', 'char', 8], ['TYPE_CODE', 'char', 1],
+      ['STATE_CODE', 'char', 2], ['NAME', 'varchar', 80], ['D_USERID_CODE', 'char', 8],
+      ['D_LAST_UPDT_TS', 'date'],
+    ], units)]);
+  }
 }
 
 // ---------------------------------------------------------------------------

@@ -11,6 +11,7 @@
 #include "frame/run_context.h"
 #include "frame/transport/plan.h"
 #include "modules/biological_part/biological_part.h"
+#include "modules/geologic_unit/geologic_unit.h"
 #include "modules/lab_remark/lab_remark.h"
 #include "modules/menu/menu.h"
 #include "modules/menu/menu_units.h"
@@ -101,7 +102,9 @@ const FlowRow kFlowRows[] = {
     {Flow(0x10B), "L", 407, "RT2_PERMITTED_VALUE_MAINT_LIST", Send<kToPermittedValues>,
      Receive<kToPermittedValues>, kReturnsOnReturn, "E", "$#CURR#$", "E", "$#CURR#$", 0},
     LK_FLOW(0x10C, 109, "RT57_CHAR_ALIAS_TYPE_MAINT", "E", "$#CURR#$", kReturnsOnReturn, ""),
-    LK_FLOW(0x10D, 1008, "RT46_GEOLOGIC_UNIT_MAINT_LIST", "D", "", kReturnsOnCancel, ""),
+    {Flow(0x10D), "L", 1008, "RT46_GEOLOGIC_UNIT_MAINT_LIST",
+     Send<kToList<geologic_unit::kListViews>>, Receive<kToList<geologic_unit::kListViews>>,
+     kReturnsOnCancel, "D", "", "E", "", 0},
     LK_FLOW(0x10E, 121, "RT55_PERSON_ROLE_MAINT_LIST", "E", "$#CURR#$", kReturnsOnReturn, ""),
     LK_FLOW(0x10F, 163, "RT11_CATEGORY_SUBCAT_MAINT_LIST", "E", "", kReturnsOnCancel, ""),
     LK_FLOW(0x110, 1053, "RT44_GEO_POL_AREA_MAINT_LIST1", "D", "", kReturnsOnCancel, ""),
