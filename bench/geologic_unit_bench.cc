@@ -439,10 +439,9 @@ class SummaryReporter : public bench::MedianReporter {
         if (event <= 0 || read <= 0) continue;
         std::printf("  %s  %-18s %7.2f ms   C API read %7.2f ms   %.1fx\n", names[backend],
                     p.event + 3, event, read, event / read);
-        char goal[120];
-        std::snprintf(goal, sizeof goal, "goal list-event-rt46-%s-%s: %.2fx (at most 1.3x)",
-                      p.goal, backend == 0 ? "sqlite" : "postgresql", event / read);
-        goals_.push_back(goal);
+        goals_.push_back(bench::GoalLine(std::string("list-event-rt46-") + p.goal + "-" +
+                                             (backend == 0 ? "sqlite" : "postgresql"),
+                                         event / read, 1.3));
       }
     }
     for (const std::string& g : goals_) std::printf("%s\n", g.c_str());
@@ -453,12 +452,7 @@ class SummaryReporter : public bench::MedianReporter {
 };
 
 int Main(int argc, char** argv) {
-  std::vector<std::string> added;
-  std::vector<char*> args = bench::InterleavedArgs(argc, argv, 7, &added);
-  argc = static_cast<int>(args.size());
-  argv = args.data();
-  benchmark::Initialize(&argc, argv);
-  if (benchmark::ReportUnrecognizedArguments(argc, argv)) return 1;
+  if (!bench::InitializeInterleaved(argc, argv, 7)) return 1;
   if (const char* rows = std::getenv("WATRIX_BENCH_ROWS"))
     g_rows = std::clamp(std::atoi(rows), 1000, 1000000);
   if (g_rows < 500000 + 2 * kShown) g_rows = 1000000;

@@ -192,20 +192,15 @@ class SummaryReporter : public bench::MedianReporter {
         "  GET /api/screen of a session               %9.1f us  %.2fx\n"
         "  menu event (POST /api/events)              %9.1f us  %.2fx\n",
         empty, screen, screen / empty, event, event / empty);
-    std::printf("goal http-menu-event: %.2fx (at most 2x)\n", event / empty);
-    std::printf("goal http-get-screen: %.2fx (at most 2x)\n", screen / empty);
+    std::printf("%s\n", bench::GoalLine("http-menu-event", event / empty, 2).c_str());
+    std::printf("%s\n", bench::GoalLine("http-get-screen", screen / empty, 2).c_str());
   }
 };
 
 int Main(int argc, char** argv) {
   // Interleaved repetitions unless the command line says otherwise (a flag
   // given later wins).
-  std::vector<std::string> added;
-  std::vector<char*> args = bench::InterleavedArgs(argc, argv, kRepetitions, &added);
-  argc = static_cast<int>(args.size());
-  argv = args.data();
-  benchmark::Initialize(&argc, argv);
-  if (benchmark::ReportUnrecognizedArguments(argc, argv)) return 1;
+  if (!bench::InitializeInterleaved(argc, argv, kRepetitions)) return 1;
   signal(SIGPIPE, SIG_IGN);
 
   // The menu reads no table; the database only has to exist.

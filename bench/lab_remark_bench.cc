@@ -451,10 +451,9 @@ class SummaryReporter : public bench::MedianReporter {
       std::printf("  %s  Open event %7.2f ms   frame read %7.2f ms   C API read %7.2f ms"
                   "   Open / C API %.1fx\n",
                   names[backend], open, frame, capi, open / capi);
-      char goal[120];
-      std::snprintf(goal, sizeof goal, "goal list-event-rt50-open-%s: %.2fx (at most 1.3x)",
-                    backend == 0 ? "sqlite" : "postgresql", open / capi);
-      goals_.push_back(goal);
+      goals_.push_back(bench::GoalLine(std::string("list-event-rt50-open-") +
+                                           (backend == 0 ? "sqlite" : "postgresql"),
+                                       open / capi, 1.3));
     }
     for (const std::string& g : goals_) std::printf("%s\n", g.c_str());
   }
@@ -464,12 +463,7 @@ class SummaryReporter : public bench::MedianReporter {
 };
 
 int Main(int argc, char** argv) {
-  std::vector<std::string> added;
-  std::vector<char*> args = bench::InterleavedArgs(argc, argv, 7, &added);
-  argc = static_cast<int>(args.size());
-  argv = args.data();
-  benchmark::Initialize(&argc, argv);
-  if (benchmark::ReportUnrecognizedArguments(argc, argv)) return 1;
+  if (!bench::InitializeInterleaved(argc, argv, 7)) return 1;
   // Six hexadecimal digits name at most a million rows.
   if (const char* rows = std::getenv("WATRIX_BENCH_ROWS"))
     g_rows = std::clamp(std::atoi(rows), kShown, 1000000);

@@ -3,15 +3,17 @@
 //
 // On a shared machine a burst of other work lands on whichever benchmark
 // runs at the time; one run of each, one after the other, can then differ
-// by a third for no reason of their own. InterleavedArgs has every
-// benchmark repeated and the repetitions of all of them run in a random
-// order, so that a burst falls on all alike; MedianReporter keeps the median
+// by a third for no reason of their own. Every benchmark is repeated and
+// the repetitions of all of them run in a random order, so that a burst
+// falls on all alike (InitializeInterleaved);
+// MedianReporter keeps the median
 // of each benchmark's repetitions (or its one run, when the command line
 // asks for no repetitions) in wall clock milliseconds, under its name and
 // arguments ("BM_Rt50Open/0").
 #ifndef WATRIX_BENCH_MEDIANS_H_
 #define WATRIX_BENCH_MEDIANS_H_
 
+#include <cstdio>
 #include <map>
 #include <set>
 #include <string>
@@ -21,16 +23,27 @@
 
 namespace watrix::bench {
 
-// The command line with the repetitions and the interleaving put first, so
-// that a flag the caller gives wins. `storage` holds the added flags.
-inline std::vector<char*> InterleavedArgs(int argc, char** argv, int repetitions,
-                                          std::vector<std::string>* storage) {
-  storage->assign({"--benchmark_enable_random_interleaving=true",
-                   "--benchmark_repetitions=" + std::to_string(repetitions)});
-  std::vector<char*> args(argv, argv + argc);
-  for (std::size_t i = 0; i < storage->size(); ++i)
-    args.insert(args.begin() + 1 + static_cast<long>(i), (*storage)[i].data());
-  return args;
+// Initialises Google Benchmark with the repetitions and the interleaving
+// put first on the command line, so that a flag the caller gives wins.
+// False when the command line holds a flag it does not know (reported).
+inline bool InitializeInterleaved(int argc, char** argv, int repetitions) {
+  static std::vector<std::string> added;
+  static std::vector<char*> args;
+  added.assign({"--benchmark_enable_random_interleaving=true",
+                "--benchmark_repetitions=" + std::to_string(repetitions)});
+  args.assign(argv, argv + argc);
+  for (std::size_t i = 0; i < added.size(); ++i)
+    args.insert(args.begin() + 1 + static_cast<long>(i), added[i].data());
+  int n = static_cast<int>(args.size());
+  benchmark::Initialize(&n, args.data());
+  return !benchmark::ReportUnrecognizedArguments(n, args.data());
+}
+
+// A goal line as scripts/bench.sh reads it: "goal NAME: RATIOx (at most LIMITx)".
+inline std::string GoalLine(const std::string& name, double ratio, double limit) {
+  char line[200];
+  std::snprintf(line, sizeof line, "goal %s: %.2fx (at most %gx)", name.c_str(), ratio, limit);
+  return line;
 }
 
 class MedianReporter : public benchmark::ConsoleReporter {

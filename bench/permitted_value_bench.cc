@@ -723,11 +723,10 @@ class SummaryReporter : public bench::MedianReporter {
         std::printf("  %s  %s event %7.2f ms   frame read %7.2f ms   C API read %7.2f ms"
                     "   event / C API %.1fx\n",
                     names[backend], forward ? "Next" : "Prev", event, frame, capi, event / capi);
-        char goal[160];
-        std::snprintf(goal, sizeof goal, "goal list-event-rt2-%s-%s: %.2fx (at most 1.3x)",
-                      forward ? "next" : "prev", backend == 0 ? "sqlite" : "postgresql",
-                      event / capi);
-        goals_.push_back(goal);
+        goals_.push_back(bench::GoalLine(std::string("list-event-rt2-") +
+                                             (forward ? "next-" : "prev-") +
+                                             (backend == 0 ? "sqlite" : "postgresql"),
+                                         event / capi, 1.3));
       }
     }
     for (const std::string& g : goals_) std::printf("%s\n", g.c_str());
@@ -738,12 +737,7 @@ class SummaryReporter : public bench::MedianReporter {
 };
 
 int Main(int argc, char** argv) {
-  std::vector<std::string> added;
-  std::vector<char*> args = bench::InterleavedArgs(argc, argv, 7, &added);
-  argc = static_cast<int>(args.size());
-  argv = args.data();
-  benchmark::Initialize(&argc, argv);
-  if (benchmark::ReportUnrecognizedArguments(argc, argv)) return 1;
+  if (!bench::InitializeInterleaved(argc, argv, 7)) return 1;
   if (const char* rows = std::getenv("WATRIX_BENCH_ROWS"))
     g_tables = std::clamp(std::atoi(rows) / kTableRows, 1, 50);
   g_rows = g_tables * kTableRows;
