@@ -158,6 +158,22 @@ TEST_P(LithologicUnitTest, CancelAfterAddReadsFromTheEmptyRowInHandSoFromTheTop)
   EXPECT_EQ(kAllCodes.size() + 2, static_cast<size_t>(Count("TSMLTHUN")));
 }
 
+TEST_P(LithologicUnitTest, ARowInHandWithANameAndNoCodeReadsByNameSortedByCode) {
+  LoadUnits(std::string(kUnits) + "AAZE,ORG1,Zeolite,LOADER,2023-05-01 10:00:00\n");
+  OpenList();
+  Ok(Click(kList, "&Add"));
+  // A name without a code: refused, and the row as typed goes back with
+  // Cancel onto the row in hand.
+  Ok(Click(kEntry, "Accep&t", {{"TSMLTHUN_CD", ""}, {"NAME", "H"}}));
+  EXPECT_EQ(kRequired, Message());
+  Ok(Click(kEntry, "Cance&l"));
+  EXPECT_EQ((std::vector<std::string>{kList}), Windows());
+  // Names from "H" on, in the order of their codes, not of their names.
+  EXPECT_EQ((std::vector<std::string>{"AAZE", "LMST", "SAND", "SLTS"}), Codes());
+  EXPECT_EQ((std::vector<std::string>{"Zeolite", "Limestone", "Sand", "Siltstone"}), Names());
+  EXPECT_TRUE(Selected(kList).empty());
+}
+
 TEST_P(LithologicUnitTest, AnExistingCodeIsRefusedByTheDuplicateRead) {
   LoadUnits(kUnits);
   OpenList();
