@@ -12,6 +12,7 @@
 #include "modules/biological_part/biological_part_views.h"
 #include "modules/geologic_unit/geologic_unit_views.h"
 #include "modules/lab_remark/lab_remark_views.h"
+#include "modules/lithologic_unit/lithologic_unit_views.h"
 #include "modules/permitted_value/permitted_value_views.h"
 #include "modules/project_station_role/project_station_role_views.h"
 #include "modules/unit_of_measure/unit_of_measure_preview.h"
@@ -32,6 +33,8 @@ struct TableRow {
 const TableRow kRows[] = {
     {"TSMGEOUN", patterns::RowColumns<geologic_unit::UnitForms>::kAll, true},
     {"TSMGEOUN", patterns::RowColumns<geologic_unit::UnitListForms>::kAll, false},
+    {"TSMLTHUN", patterns::RowColumns<lithologic_unit::LithForms>::kAll, true},
+    {"TSMLTHUN", patterns::RowColumns<lithologic_unit::LithListForms>::kAll, true},
     {"TSRLBRMK", patterns::RowColumns<lab_remark::RemarkForms>::kAll, true},
     {"TSRLBRMK", patterns::RowColumns<lab_remark::RemarkListForms>::kAll, false},
     {"TSRBIOPT", patterns::RowColumns<biological_part::BioPartForms>::kAll, true},

@@ -19,8 +19,11 @@
 //             written under the cursor and exported; "DF" T::kNotUnique and
 //             "BP" T::kPermittedValue where the table has them, any other
 //             status a fatal stop.
-//   Remove    the row selected by code and ORG ID (kSelectKey); not found:
-//             T::kNotFound with its text, kind 'E'. Found: the table's
+//   Remove    the row selected by code and ORG ID (kSelectKey); where T
+//             declares kRemoveMatchesValues, the row's values are bound as
+//             well, so that a row changed since it was listed is not found
+//             (TSMLTHUN's name). Not found: T::kNotFound with its text, kind
+//             'E'. Found: the table's
 //             reference checks, T::Referenced(block, rc, key), where it has
 //             them (true: the check set its exit state and words, nothing
 //             is deleted); then the cascade entry with the row's CodeKey and
@@ -33,7 +36,7 @@
 // kAlreadyExistsText; using Key (store::CodeKey<N> of the code's width).
 // Optional members (their presence counts): kNotUnique/kNotUniqueText,
 // kPermittedValue/kPermittedValueText, kRemoveStatement, kRemoveSteps,
-// Referenced.
+// kRemoveMatchesValues, Referenced.
 // The values of a row are its attributes other than the code, the ORG ID,
 // D_USERID_CODE and D_LAST_UPDATE_TIMESTAMP.
 //
@@ -138,6 +141,7 @@ class CodeRowBlocks {
     store::RunActionBlock(&remove_unit_, id, a, b, rc, {}, [&](store::Block& block) {
       Initialise(&remove_state_, nullptr);
       KeyOf(*key);
+      if constexpr (requires { T::kRemoveMatchesValues; }) TakeValues(*key);
       store::SelectOne(block, T::kSelectKey, &remove_state_, &host_, &entity_);
       if (store::StateIs(remove_state_.status, "NF")) {
         SetExit(rc, T::kNotFound, T::kNotFoundText, 'E');

@@ -14,7 +14,7 @@ namespace internal {
 bool BeginOpen(const OpenEntry& entry, RunContext* rc, char* org_id, int org_width,
                char* kept_command) {
   SetExit(rc, EXIT_NONE, nullptr, 'N');
-  TextMove(org_id, kNationalOrgId, org_width);
+  if (!entry.keeps_org_id) TextMove(org_id, kNationalOrgId, org_width);
   TextMove(kept_command, rc->command, entry.kept_command_width);
   return TextCompare(rc->command, "CHANGE") == 0;
 }

@@ -7,7 +7,7 @@
 // row from the import view into the export view:
 //   1. exit state EXIT_NONE, blank message;
 //   2. the row's ORG ID := "ZZZZZZZZ", the organisation of national rows,
-//      which every new row gets;
+//      which every new row gets, unless the window keeps_org_id;
 //   3. COMMAND is kept in the view, since later events may rewrite the
 //      RunContext's COMMAND;
 //   4. COMMAND "CHANGE": the module's read (its read action block by the
@@ -30,7 +30,7 @@
 //      duplicate check as in 6, EXIT_NONE and the module's change (its
 //      MODIFY action block). The check does not except the row itself;
 //      A window whose check sits in its action blocks (checks_in_blocks)
-//      skips the check of 6 and 7;
+//      skips the check of 6 and 7; one that checks_on_add_only skips it in 7;
 //   8. after the add or the change, an exit state other than EXIT_NONE
 //      becomes the internal error (EXIT_SYSTEM_ERROR, kind 'E', rollback
 //      'R') and the window stays. An exit state still EXIT_NONE becomes
@@ -76,6 +76,11 @@ struct OpenEntry {
   // 'E') stand as they are after a failed write, instead of the internal
   // error; the module's units then show the row as typed again.
   bool checks_in_blocks = false;
+  // The row keeps the ORG ID the list gave it (the run's organisation on
+  // Add) instead of taking the national one at Open.
+  bool keeps_org_id = false;
+  // The duplicate check runs on "ADD" only; a change writes without it.
+  bool checks_on_add_only = false;
 };
 
 // An editable field and its copy as first shown.
@@ -122,7 +127,7 @@ void OpenEntryWrite(const OpenEntry& entry, RunContext* rc, const UnitId& own,
     internal::EndWrite(entry, rc, false);
     return;
   }
-  if (!entry.checks_in_blocks) {
+  if (!entry.checks_in_blocks && (mode == EntryMode::kAdd || !entry.checks_on_add_only)) {
     rc->run_mode = ' ';
     check();
     CheckCallee(rc);

@@ -266,6 +266,32 @@ const summary = [];
 }
 
 // ---------------------------------------------------------------------------
+// TSMLTHUN: lithologic units: the well formation type domain list of the
+// package wqx, the kinds of rock and sediment a well is finished in
+// ("Bedrock, Carbonate", "Sediment, Alluvium/Terrace"). The package holds no
+// codes: each code is the first two letters of each word of the name, in
+// capitals, cut to the column's twelve characters ("BECA" for "Bedrock,
+// Carbonate").
+
+{
+  const names = readJson('wqx', 'values/WellFormationType.json').enum;
+  const codeOf = (name) =>
+    cut(name.split(/[^A-Za-z]+/).filter((w) => w !== '').map((w) => w.slice(0, 2).toUpperCase()).join(''), 12);
+  const rows = [...names].map((name) => ({
+    TSMLTHUN_CD: codeOf(name),
+    TSMLTHUN_ORG_ID: ORG,
+    NAME: cut(name, 120),
+    D_USERID_CODE: USER,
+    D_LAST_UPDT_TS: STAMP,
+  })).sort((a, b) => (a.TSMLTHUN_CD < b.TSMLTHUN_CD ? -1 : a.TSMLTHUN_CD > b.TSMLTHUN_CD ? 1 : 0));
+  checkUnique('TSMLTHUN', rows, ['TSMLTHUN_CD', 'TSMLTHUN_ORG_ID']);
+  summary.push(['TSMLTHUN', writeTable('TSMLTHUN', [
+    ['TSMLTHUN_CD', 'char', 12], ['TSMLTHUN_ORG_ID', 'char', 8], ['NAME', 'varchar', 120],
+    ['D_USERID_CODE', 'char', 8], ['D_LAST_UPDT_TS', 'date'],
+  ], rows)]);
+}
+
+// ---------------------------------------------------------------------------
 // TSMSIC: the divisions (by letter) and major groups (by two digits) of the
 // Standard Industrial Classification, 1987 edition, with their titles.
 

@@ -13,6 +13,7 @@
 #include "modules/biological_part/biological_part.h"
 #include "modules/geologic_unit/geologic_unit.h"
 #include "modules/lab_remark/lab_remark.h"
+#include "modules/lithologic_unit/lithologic_unit.h"
 #include "modules/menu/menu.h"
 #include "modules/menu/menu_units.h"
 #include "modules/menu/menu_views.h"
@@ -97,7 +98,9 @@ const FlowRow kFlowRows[] = {
      Send<kToList<biological_part::kListViews>>, Receive<kToList<biological_part::kListViews>>,
      kReturnsOnCancel, "D", "", "E", "", 0},
     LK_FLOW(0x108, 314, "RT36_FIPS_HUC_MAINT_LIST", "E", "$#CURR#$", kReturnsOnReturn, ""),
-    LK_FLOW(0x109, 577, "RT42_LITHOLOGIC_UNIT_MAINT_LIST", "E", "$#CURR#$", kReturnsOnReturn, ""),
+    {Flow(0x109), "L", 577, "RT42_LITHOLOGIC_UNIT_MAINT_LIST",
+     Send<kToList<lithologic_unit::kListViews>>, Receive<kToList<lithologic_unit::kListViews>>,
+     kReturnsOnReturn, "E", "$#CURR#$", "E", "", 0},
     LK_FLOW(0x10A, 187, "RT18_FIELD_GEAR_MAINTENANCE_LIST", "E", "$#CURR#$", kReturnsOnReturn, ""),
     {Flow(0x10B), "L", 407, "RT2_PERMITTED_VALUE_MAINT_LIST", Send<kToPermittedValues>,
      Receive<kToPermittedValues>, kReturnsOnReturn, "E", "$#CURR#$", "E", "$#CURR#$", 0},
