@@ -32,7 +32,8 @@
 // kReadForUpdate (for update), kUpdate (under the cursor), kSelectKey; the
 // exit state kNotFound with kNotFoundText; using Key (store::CodeKey<N> of
 // the code's width). Optional members (their presence counts):
-// kAlreadyExists/kAlreadyExistsText, kNotUnique/kNotUniqueText,
+// kAlreadyExists/kAlreadyExistsText, kOrgFromRun (Identify takes the ORG ID
+// from CURRENT_ORG_ID of the run, not from the row), kNotUnique/kNotUniqueText,
 // kPermittedValue/kPermittedValueText, kRemoveStatement, kRemoveSteps,
 // Referenced.
 // The values of a row are its attributes other than the code, the ORG ID,
@@ -87,6 +88,9 @@ class CodeRowBlocks {
     store::RunActionBlock(&identify_unit_, id, a, b, rc, {}, [&](store::Block& block) {
       Initialise(&identify_state_, written);
       KeyOf(*row);
+      if constexpr (requires { T::kOrgFromRun; })
+        TextMove(host_.*Forms::kOrgIdRow, system->CURRENT_ORG_ID,
+                 sizeof(host_.*Forms::kOrgIdRow));
       TakeValues(*row);
       Stamp(a, b, rc, *system);
       store::Insert(block, T::kInsert, &identify_state_, &host_, &entity_);

@@ -42,7 +42,6 @@ inline constexpr LinkDecl kLinkToEntry = {EXIT_LINK_RT33, (0x0321u << 16) | 0x00
                                           kEntryProcedureId, "RT33_STND_INDST_SIC_DATA_ENTRY",
                                           kReturnsOnReturn, "E", "$#CURR#$", "E", "$#CURR#$"};
 using ToEntry = SingleLink<kLinkToEntry, kToEntry>;
-char* ListRowAddress(void* export_view, int row);
 
 // ---- RT32: column heads "Code", "Name", the list, "&Prev", "&Next", then
 // "&Add", "&Change", "&Delete", "C&lose", "&Help" ----
@@ -62,7 +61,7 @@ inline constexpr ListColumnRow kListColumns[] = {
     {},
 };
 inline constexpr ListDescriptor kListDescriptor = {(kRowSize << 16) | kTagList, kListColumns, 0,
-                                                   ListRowAddress};
+                                                   nullptr};
 inline constexpr const char* kListColumnNames[] = {
     "EXPORT_LIST.STANDARD_INDUSTRIAL_CLASS.TSMSIC_CODE",
     "EXPORT_LIST.STANDARD_INDUSTRIAL_CLASS.NAME", nullptr};
@@ -101,13 +100,14 @@ inline constexpr WindowDecl kDeleteWindow = DeclareWindow(
 // ---- RT33: "SIC Code", "Name", then the stamp, read-only ----
 
 // The Changed events of both fields, and the window's Close, set the
-// changed flag.
+// changed flag; a field's Changed reads the window first, so that what was
+// typed stays in the view.
 inline constexpr ControlDecl kEntryControls[] = {
     Field(351, "TSMSIC_CODE1", &kEntryField<kCodeType>, 350,
           "EXPORT.STANDARD_INDUSTRIAL_CLASS.TSMSIC_CODE",
-          {"Changed", StepAs<Entry::Changed, kChangedId>}),
+          {"Changed", StepAs<Entry::Changed, kChangedId>, nullptr, 'Y'}),
     Field(353, "NAME1", &kEntryField<kNameType>, 352, "EXPORT.STANDARD_INDUSTRIAL_CLASS.NAME",
-          {"Changed", StepAs<Entry::Changed, kChangedId>}),
+          {"Changed", StepAs<Entry::Changed, kChangedId>, nullptr, 'Y'}),
     Field(355, "D_LAST_UPDATE_TIMESTAMP1", &kShownField<kTimestampType>, 354,
           "EXPORT.STANDARD_INDUSTRIAL_CLASS.D_LAST_UPDATE_TIMESTAMP"),
     Field(357, "D_USERID_CODE1", &kShownField<kStampUserType>, 356,

@@ -15,7 +15,8 @@
 //   READ_SIC_FOR_REFERENCED_STATIONS  EXIT_FSA_NOT_FOUND with its words,
 //       then the TSMSIC row, then the first TSMFSA row of code and ORG ID:
 //       one found sets EXIT_FSA_FOUND with its words.
-//   IDENTIFY_SIC  the insert; a duplicate key ("DF") is a fatal stop.
+//   IDENTIFY_SIC  the insert, in the organisation of the run; a duplicate
+//       key ("DF") is a fatal stop.
 //   MODIFY_STANDARD_INDUSTRIAL_CODE  code, name and stamp under the cursor.
 //   REMOVE_STANDARD_INDUSTRIAL_CODE  the cascade entry E6427297, then the
 //       step of the class's facility assignments.
@@ -37,6 +38,7 @@ struct SicTable {
   static const store::StatementDef kInsert, kReadForUpdate, kUpdate, kSelectKey, kSelectRow;
   static constexpr u32 kNotFound = EXIT_SIC_NOT_FOUND;
   static constexpr const char* kNotFoundText = standard_industrial_class::kNotFoundText;
+  static constexpr bool kOrgFromRun = true;
   static constexpr const store::CascadeSteps& kRemoveSteps =
       store::kStandardIndustrialCodeSteps;
 };

@@ -7,8 +7,4 @@ namespace lk::standard_industrial_class {
 const ViewNameRow& SicList::Views() { return kListViews; }
 const ViewNameRow& SicEntry::Views() { return kEntryViews; }
 
-char* ListRowAddress(void* export_view, int row) {
-  return static_cast<ListExport*>(export_view)->EXPORT_LIST.TSMSIC_CODE.display[row];
-}
-
 }  // namespace lk::standard_industrial_class

@@ -34,7 +34,7 @@ void SicEntry::CheckDuplicate(HandleA a, HandleB b, RunContext* rc, const EntryE
 
 bool SicList::MayRemove(HandleA a, HandleB b, RunContext* rc, const UnitId& own,
                         const SicRow& row) {
-  CallActionBlock(rc, own, [&] { ReadSicForReferencedStations(a, b, rc, row); });
+  patterns::CallActionBlock(rc, own, [&] { ReadSicForReferencedStations(a, b, rc, row); });
   if (rc->exit_state == EXIT_FSA_FOUND) {
     SetExit(rc, EXIT_FSA_FOUND, kReferencedText, 'E');
     return false;
