@@ -142,7 +142,7 @@ struct WindowDecl {
   const ViewNameRow* views;
   const ControlDecl* controls;
   int count;
-  EventDecl open = {};  // the window's Open event, raised on the dialog id
+  EventDecl open = {};  // the window's own event (Open, or Close), raised on the dialog id
 };
 
 template <std::size_t N>

@@ -328,6 +328,22 @@ TEST_P(StandardIndustrialClassTest, AChangeThatRetypesTheSameTextIsRefusedAsADup
   EXPECT_EQ("Class 0002|LOADER", Stored("0002", "Class 0002"));
 }
 
+// The window's Close runs the same event action as an edit: the changed
+// flag is set with nothing typed, the window stays, and the Accept then
+// meets the row itself in the duplicate read.
+TEST_P(StandardIndustrialClassTest, TheWindowsCloseSetsTheChangedFlagAndStays) {
+  LoadMany(2);
+  OpenList();
+  Ok(ClickRow(kList, 1));
+  Ok(Click(kList, "&Change"));
+  Ok(Event(kEntry, 350, "Close"));
+  ASSERT_EQ(std::vector<std::string>({kEntry}), Windows());
+  EXPECT_EQ("", Message());
+  Ok(Click(kEntry, "Accep&t"));
+  EXPECT_EQ(kDuplicate, Message());
+  ASSERT_EQ(kEntry, Windows().back());
+}
+
 // After a change the list re-reads from the top of the page on show, finds
 // the row, and disables both paging buttons while it is selected.
 TEST_P(StandardIndustrialClassTest, AfterAChangeTheListRereadsFromThePageTopWithPagingDisabled) {
