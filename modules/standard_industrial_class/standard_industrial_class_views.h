@@ -55,12 +55,10 @@ using EntryExport = EntryDictionary::Export;
 constexpr u32 EXIT_LINK_RT33 = 0x4B000C29;          // RT32 -> RT33, add or change
 constexpr u32 EXIT_SIC_DUPLICATE = 0x4B003202;      // RT33: code and name in use
 constexpr u32 EXIT_SIC_NOT_FOUND = 0x4B003203;      // a block found no row
-constexpr u32 EXIT_SIC_ALREADY_EXISTS = 0x4B003204; // IDENTIFY met the unique key
 constexpr u32 EXIT_FSA_NOT_FOUND = 0x4B003205;      // no facility assignment refers
 constexpr u32 EXIT_FSA_FOUND = 0x4B003206;          // a facility assignment refers
 
 inline constexpr char kNotFoundText[] = "STANDARD_INDUSTRIAL_CLASS was not found.";
-inline constexpr char kAlreadyExistsText[] = "STANDARD_INDUSTRIAL_CLASS already exists.";
 inline constexpr char kDuplicateText[] =
     "A Standard Industrial Code with this SIC Code and Name already exists.";
 inline constexpr char kFsaNotFoundText[] = "FACILITY_SIC_ASSIGNMENT was not found.";
