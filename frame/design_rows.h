@@ -34,6 +34,12 @@ constexpr ActionControlRow KeywordAction(u32 id, const char* keyword, u32 code,
                                          const char* name) {
   return {id, keyword, 0, nullptr, KeywordCode(code), kButtonType, name};
 }
+// A keyword button whose press opens dialog `dialog` of its procedure with
+// no event action: the dialog id stands in the low half of the code.
+constexpr ActionControlRow DialogAction(u32 id, const char* keyword, u32 code, u32 dialog,
+                                        const char* name, const void* const* rules = nullptr) {
+  return {id, keyword, 0, rules, KeywordCode(code) | (dialog & 0xFFFF), kButtonType, name};
+}
 constexpr ActionControlRow HelpAction(u32 id, const char* name) {
   return {id, "", 3, nullptr, 0, kButtonType, name};
 }

@@ -40,7 +40,9 @@ struct EventDecl {
 };
 
 // How a control appears among the ActionControlRows.
-enum class ActionKind { kNone, kPlain, kHelp, kKeyword };
+// kDialog: a keyword button whose control row opens a dialog of the
+// procedure directly (DialogButton), raising no event.
+enum class ActionKind { kNone, kPlain, kHelp, kKeyword, kDialog };
 
 struct ControlDecl {
   u32 id;
@@ -56,6 +58,7 @@ struct ControlDecl {
   ActionKind action = ActionKind::kNone;
   const char* keyword = "";
   u32 keyword_code = 0;
+  u32 opens_dialog = 0;  // kDialog: the dialog id the press opens
   std::array<EventDecl, 2> events = {};
 };
 
@@ -64,6 +67,14 @@ constexpr ControlDecl Button(u32 id, const char* name, EventDecl click = {},
                              const void* const* rules = nullptr) {
   return {.id = id, .name = name, .descriptor = kButton, .rules = rules,
           .action = ActionKind::kPlain, .events = {click, {}}};
+}
+// A button that carries a keyword and opens dialog `dialog` of its
+// procedure by its control row alone: it has no Click event.
+constexpr ControlDecl DialogButton(u32 id, const char* name, const char* keyword, u32 code,
+                                   u32 dialog, const void* const* rules = nullptr) {
+  return {.id = id, .name = name, .descriptor = kButton, .rules = rules,
+          .action = ActionKind::kDialog, .keyword = keyword, .keyword_code = code,
+          .opens_dialog = dialog};
 }
 constexpr ControlDecl HelpButton(u32 id, const char* name) {
   return {.id = id, .name = name, .descriptor = kButton, .action = ActionKind::kHelp};
@@ -131,7 +142,7 @@ struct WindowDecl {
   const ViewNameRow* views;
   const ControlDecl* controls;
   int count;
-  EventDecl open = {};  // the window's Open event, raised on the dialog id
+  EventDecl open = {};  // the window's own event (Open, or Close), raised on the dialog id
 };
 
 template <std::size_t N>
@@ -158,6 +169,8 @@ class WindowRows {
     switch (c.action) {
       case ActionKind::kHelp: return HelpAction(c.id, c.name);
       case ActionKind::kKeyword: return KeywordAction(c.id, c.keyword, c.keyword_code, c.name);
+      case ActionKind::kDialog:
+        return DialogAction(c.id, c.keyword, c.keyword_code, c.opens_dialog, c.name, c.rules);
       default: return PlainAction(c.id, c.name, c.rules);
     }
   }

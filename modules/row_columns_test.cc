@@ -15,6 +15,7 @@
 #include "modules/lithologic_unit/lithologic_unit_views.h"
 #include "modules/permitted_value/permitted_value_views.h"
 #include "modules/project_station_role/project_station_role_views.h"
+#include "modules/standard_industrial_class/standard_industrial_class_views.h"
 #include "modules/unit_of_measure/unit_of_measure_preview.h"
 #include "modules/unit_of_measure/unit_of_measure_views.h"
 #include "patterns/row_columns.h"
@@ -42,6 +43,7 @@ const TableRow kRows[] = {
     {"TSRUOM", patterns::RowColumns<unit_of_measure::UomForms>::kAll, true},
     {"TSRUOM", patterns::RowColumns<unit_of_measure::UomPreviewForms>::kAll, false},
     {"TSMPSR", patterns::RowColumns<project_station_role::RoleForms>::kAll, true},
+    {"TSMSIC", patterns::RowColumns<standard_industrial_class::SicForms>::kAll, true},
     {"TSMPRMVL", patterns::RowColumns<permitted_value::PvForms>::kAll, true},
     {"TSMPRMVL", patterns::RowColumns<permitted_value::PvTablesForms>::kAll, false},
 };

@@ -16,7 +16,9 @@
 //
 // What each step does:
 //   Body     EXIT_NONE; the import view into the export view by the
-//            dictionary.
+//            dictionary. Where L gives kCodeDisplayOnChange (six
+//            characters), the COMMAND "CHANGE" puts it on the row's first
+//            identity attribute (a code table's code).
 //   Changed  EXPORT_DATA_CHANGED := "Y"; nothing else. A field typed and
 //            typed back to what it was counts as changed. The exit state
 //            that stands after it is the body's: EXIT_NONE, no message.
@@ -54,6 +56,7 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <cstring>
 
 #include "frame/entry.h"
 #include "frame/run_context.h"
@@ -120,6 +123,12 @@ class BodyEntry {
 
   static void Body(HandleA a, HandleB b, RunContext* rc, void* import_view, void* export_view) {
     EntryBody(&body_unit_, L::kShape, L::kBodyId, L::Views(), a, b, rc, import_view, export_view);
+    if constexpr (requires { L::kCodeDisplayOnChange; }) {
+      if (TextCompare(rc->command, "CHANGE") == 0) {
+        auto& code = static_cast<Export*>(export_view)->EXPORT.ROW.*Forms::kIsNumber;
+        std::memcpy(code.display, L::kCodeDisplayOnChange, kDisplayWidth);
+      }
+    }
   }
 
   // The Changed event of an editable field. It sets no exit state of its

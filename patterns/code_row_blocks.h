@@ -10,8 +10,9 @@
 //   Identify  a new row with the code, the ORG ID and the values the row
 //             gives, D_USERID_CODE := USER_ID_CODE, the stamp of now, the
 //             insert. "OK" exports the row as written; "DF" T::kAlreadyExists
-//             with its text, kind 'N'; "BP" T::kPermittedValue where the
-//             table has one; anything else is fatal. A refused row exports
+//             with its text, kind 'N', where the table has one (otherwise a
+//             fatal stop like any other status); "BP" T::kPermittedValue
+//             where the table has one; anything else is fatal. A refused row exports
 //             the row as given: its key is the one it came with, since a
 //             code table's key is typed, not drawn from a counter.
 //   Modify    the row by code and ORG ID read for update; not found:
@@ -32,9 +33,10 @@
 //
 // T gives: using Forms; the StatementDefs kSelectRow, kInsert,
 // kReadForUpdate (for update), kUpdate (under the cursor), kSelectKey; the
-// exit states kNotFound, kAlreadyExists with kNotFoundText,
-// kAlreadyExistsText; using Key (store::CodeKey<N> of the code's width).
-// Optional members (their presence counts): kNotUnique/kNotUniqueText,
+// exit state kNotFound with kNotFoundText; using Key (store::CodeKey<N> of
+// the code's width). Optional members (their presence counts):
+// kAlreadyExists/kAlreadyExistsText, kOrgFromRun (Identify takes the ORG ID
+// from CURRENT_ORG_ID of the run, not from the row), kNotUnique/kNotUniqueText,
 // kPermittedValue/kPermittedValueText, kRemoveStatement, kRemoveSteps,
 // kRemoveMatchesValues, Referenced.
 // The values of a row are its attributes other than the code, the ORG ID,
@@ -89,6 +91,9 @@ class CodeRowBlocks {
     store::RunActionBlock(&identify_unit_, id, a, b, rc, {}, [&](store::Block& block) {
       Initialise(&identify_state_, written);
       KeyOf(*row);
+      if constexpr (requires { T::kOrgFromRun; })
+        TextMove(host_.*Forms::kOrgIdRow, system->CURRENT_ORG_ID,
+                 sizeof(host_.*Forms::kOrgIdRow));
       TakeValues(*row);
       Stamp(a, b, rc, *system);
       store::Insert(block, T::kInsert, &identify_state_, &host_, &entity_);
@@ -97,8 +102,14 @@ class CodeRowBlocks {
         return;
       }
       *written = *row;
-      if (store::StateIs(identify_state_.status, "DF")) {
-        SetExit(rc, T::kAlreadyExists, T::kAlreadyExistsText, 'N');
+      bool refused = false;
+      if constexpr (requires { T::kAlreadyExists; }) {
+        if (store::StateIs(identify_state_.status, "DF")) {
+          SetExit(rc, T::kAlreadyExists, T::kAlreadyExistsText, 'N');
+          refused = true;
+        }
+      }
+      if (refused) {
       } else if (!PermittedValue(rc, identify_state_)) {
         store::FailOnStatus(block, identify_state_);
       }

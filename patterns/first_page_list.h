@@ -50,6 +50,8 @@
 //             link. Change: COMMAND := "CHANGE"; the link. Neither looks at
 //             the selection: the window's enable rules keep them apart.
 //   Delete    opens the delete dialog (patterns/delete_dialog.h); nothing else.
+//             A list whose Delete button opens the dialog by its control row
+//             (frame/window_decl.h, DialogButton) has no use for this step.
 //   Close     EXIT_RETURN.
 //   Refresh   the view's COMMAND "ADD": LAST := blank, the first page (the
 //             PREV flag stays as it was, so that a page up from there shows
@@ -57,7 +59,8 @@
 //             kAddStartsOver also blanks FIRST and sets the PREV flag "N":
 //             the list starts over); otherwise LAST := FIRST, the
 //             same page. COMMAND := "LIST"; the read; the row in hand sought
-//             by its IS number (rounded) and ORG ID, the first match becomes
+//             by its IS number (rounded) and ORG ID (by its code and ORG ID
+//             where L declares kSeekByCode), the first match becomes
 //             SUBSCRIPT (0 when none); that row set to state 5, then 7 (row 0
 //             when none was found); PREV and NEXT by their flags, then both
 //             disabled again while a row is selected.
@@ -587,17 +590,23 @@ class FirstPageList {
            [&](Export*) { SetExit(rc, EXIT_RETURN, nullptr, 'N'); });
   }
 
-  // The delete dialog's Delete: the row in hand goes to the REMOVE block
+  // The delete dialog's Delete: where L gives MayRemove(a, b, rc, own, row)
+  // (a reference read of its own), false keeps the dialog open with the
+  // words it set; otherwise the row in hand goes to the REMOVE block
   // (L::Blocks, patterns/row_blocks.h, under L::kRemoveId through the cascade
   // entry L::kCascadeEntry), then the dialog closes and the row is dropped or
   // kept as L::kDeleteDialog says (patterns/delete_dialog.h).
   static void ConfirmDelete(const UnitId& id, HandleA a, HandleB b, RunContext* rc,
                             void* import_view, void* export_view) {
     Action(&confirm_unit_, id, a, b, rc, import_view, export_view, [&](Export* out) {
-      DeleteConfirmed(L::kDeleteDialog, a, b, rc, id, DeleteListOf(out), [&] {
+      DeleteConfirmed(L::kDeleteDialog, a, b, rc, id, DeleteListOf(out), [&]() -> bool {
         Row key{};
         ShownToRow(Forms::kAttributes, &out->EXPORT_CURRENT, &key);
+        if constexpr (requires { L::MayRemove(a, b, rc, id, key); }) {
+          if (!L::MayRemove(a, b, rc, id, key)) return false;
+        }
         L::Blocks::Remove(L::kRemoveId, a, b, rc, &key, L::kCascadeEntry);
+        return true;
       });
     });
   }
@@ -689,8 +698,14 @@ class FirstPageList {
     CallRead(a, b, rc, own, out, rc->command, out->EXPORT_PREV.FLAG.value);
     Group& list = out->EXPORT_LIST;
     const Shown& hand = out->EXPORT_CURRENT;
-    const int s = SeekRow(list.*Forms::kIsNumberColumn, list.*Forms::kOrgIdColumn, list.count,
-                          GetNumber((hand.*Forms::kIsNumber).value), (hand.*Forms::kOrgId).value);
+    int s = 0;
+    if constexpr (requires { L::kSeekByCode; }) {
+      s = SeekCodeRow(list.*Forms::kIsNumberColumn, list.*Forms::kOrgIdColumn, list.count,
+                      (hand.*Forms::kIsNumber).value, (hand.*Forms::kOrgId).value);
+    } else {
+      s = SeekRow(list.*Forms::kIsNumberColumn, list.*Forms::kOrgIdColumn, list.count,
+                  GetNumber((hand.*Forms::kIsNumber).value), (hand.*Forms::kOrgId).value);
+    }
     PutNumber(out->EXPORT.RUNTIME_SUPPLIED.SUBSCRIPT.value, s);
     // Not found: the slot before the first row takes the marks.
     RowStateSet(a, b, rc, list.SELECT_CHAR.value[s], kStateMarked);

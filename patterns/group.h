@@ -54,6 +54,19 @@ int SeekRow(const ShownColumn<Rows, 8>& is_numbers, const ShownColumn<Rows, OrgS
   return 0;
 }
 
+// The first row 1..count whose code and ORG ID equal the row in hand's, for
+// a table keyed by a code rather than an IS number; 0 when none does.
+template <int Rows, int CodeStorage, int OrgStorage>
+int SeekCodeRow(const ShownColumn<Rows, CodeStorage>& codes,
+                const ShownColumn<Rows, OrgStorage>& orgs, int count, const char* code,
+                const char* org_id) {
+  for (int r = 1; r <= count && r <= Rows; ++r) {
+    if (TextCompare(codes.value[r], code) == 0 && TextCompare(orgs.value[r], org_id) == 0)
+      return r;
+  }
+  return 0;
+}
+
 // Drops row `s` of group `group_name` of `views` from the export view: rows
 // s+1..count move up by one in every attribute of the group, with their
 // display bytes and row marks, and the count falls by one. A row outside

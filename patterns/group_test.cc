@@ -69,6 +69,15 @@ TEST_F(GroupTest, FindMarkedTakesTheFirstMarkedRowOrZero) {
   EXPECT_EQ(0, FindMarked(nullptr, nullptr, &rc_, view_.MARK, 1, kStateMarked));
 }
 
+// A code-keyed table seeks by code text and ORG ID: the short names stand
+// in for codes here.
+TEST_F(GroupTest, SeekCodeRowMatchesCodeAndOrg) {
+  EXPECT_EQ(3, SeekCodeRow(view_.SHORT_NAME, view_.ORG_ID, view_.count, "C", "ZZZZZZZZ"));
+  EXPECT_EQ(0, SeekCodeRow(view_.SHORT_NAME, view_.ORG_ID, view_.count, "C", "OTHERORG"));
+  EXPECT_EQ(0, SeekCodeRow(view_.SHORT_NAME, view_.ORG_ID, view_.count, "CC", "ZZZZZZZZ"));
+  EXPECT_EQ(0, SeekCodeRow(view_.SHORT_NAME, view_.ORG_ID, 2, "C", "ZZZZZZZZ"));
+}
+
 TEST_F(GroupTest, SeekRowMatchesRoundedIsNumberAndOrg) {
   EXPECT_EQ(3, SeekRow(view_.IS_NUMBER, view_.ORG_ID, view_.count, 30.0000001, "ZZZZZZZZ"));
   EXPECT_EQ(0, SeekRow(view_.IS_NUMBER, view_.ORG_ID, view_.count, 30, "OTHERORG"));

@@ -19,6 +19,7 @@
 #include "modules/menu/menu_views.h"
 #include "modules/permitted_value/permitted_value.h"
 #include "modules/project_station_role/project_station_role.h"
+#include "modules/standard_industrial_class/standard_industrial_class.h"
 #include "modules/unit_of_measure/unit_of_measure.h"
 
 namespace lk::menu {
@@ -115,7 +116,10 @@ const FlowRow kFlowRows[] = {
      Receive<kToList<project_station_role::kListViews>>, kReturnsOnReturn, "E", "$#CURR#$", "E", "", 0},
     LK_FLOW(0x112, 119, "RT26_NATL_CITATION_MAINT_LIST", "E", "$#CURR#$", kReturnsOnReturn, ""),
     LK_FLOW(0x113, 1122, "RT28_NATIVE_AMERCN_LAND_MAIN_LST", "E", "$#CURR#$", kReturnsOnReturn, ""),
-    LK_FLOW(0x114, 676, "RT32_STND_INDSTRL_CD_MAINT_LIST", "E", "$#CURR#$", kReturnsOnReturn, ""),
+    {Flow(0x114), "L", 676, "RT32_STND_INDSTRL_CD_MAINT_LIST",
+     Send<kToList<standard_industrial_class::kListViews>>,
+     Receive<kToList<standard_industrial_class::kListViews>>, kReturnsOnReturn, "E", "$#CURR#$",
+     "E", "", 0},
     {Flow(0x115), "L", 1259, "RT34_UNIT_OF_MEASURE_MAINT_LIST",
      Send<kToList<unit_of_measure::kListViews>>, Receive<kToList<unit_of_measure::kListViews>>,
      kReturnsOnReturn, "E", "$#CURR#$", "E", "", 0},

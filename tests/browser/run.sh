@@ -3,7 +3,7 @@
 # throw-away database of the backend given that holds the demo data
 # (scripts/demo_db.sh: `watrix db init`, then `watrix db load` of data/).
 #
-#   run.sh [sqlite|postgresql]       (default sqlite)
+#   run.sh [sqlite|postgresql] [FILE.test.mjs ...]   (default sqlite, every test file)
 #
 #   sqlite      a database file in a scratch folder of its own
 #   postgresql  a private PostgreSQL cluster on a free loopback port, started
@@ -13,6 +13,9 @@
 #   WATRIX_SHOTS     where screenshots go (default: $WATRIX_BUILD/screenshots/BACKEND)
 #   WATRIX_CHROMIUM  the Chromium to drive (default: chromium on the PATH)
 #   WATRIX_PG_HOLD   the pg_cluster_hold program (default: $WATRIX_BUILD/tests/pg/pg_cluster_hold)
+#
+# The tests see WATRIX_DB (the database's URL) and WATRIX_BIN (the watrix
+# program), so that one may load rows of its own with `watrix db load`.
 #
 # Every run has its own scratch folder, server port, cluster and screenshot
 # folder, so that runs of both backends may go at once. A missing Node,
@@ -29,6 +32,7 @@ fail() {
 }
 
 backend="${1:-sqlite}"
+files=("${@:2}")
 case "$backend" in
   sqlite | postgresql) ;;
   *) fail "unknown backend '$backend'; usage: run.sh [sqlite|postgresql]" ;;
@@ -54,6 +58,7 @@ if [[ "$backend" == postgresql && ! -x "$pg_hold" ]]; then
 fi
 
 cd "$here"
+[[ ${#files[@]} -gt 0 ]] || files=(./*.test.mjs)
 # The npm packages, installed once; the lock keeps two runs from installing
 # into the same folder at once.
 exec 9>"$build/.browser-npm.lock"
@@ -117,7 +122,8 @@ mkdir -p "$shots"
 echo "run.sh: testing $url on $backend, screenshots in $shots"
 status=0
 WATRIX_URL="$url" WATRIX_SHOTS="$shots" WATRIX_CHROMIUM="$chromium" \
-  node --test --test-concurrency=1 ./*.test.mjs || status=$?
+  WATRIX_DB="$db" WATRIX_BIN="$build/watrix" \
+  node --test --test-concurrency=1 "${files[@]}" || status=$?
 if [[ $status -ne 0 ]]; then
   echo "run.sh: server log:" >&2
   cat "$log" >&2
