@@ -50,6 +50,7 @@
 #include "store/store_port.h"
 #include "bench/bench_databases.h"
 #include "bench/medians.h"
+#include "bench/program_dir.h"
 
 namespace watrix {
 namespace {
@@ -64,14 +65,6 @@ constexpr char kMenu[] = "RT1_REFERENCE_TABLE_MAINT_MENU";
 constexpr char kList[] = "RT46_GEOLOGIC_UNIT_MAINT_LIST";
 const std::string kHighCode(12, 'z');
 const std::string kHighName(80, 'z');
-
-std::string ProgramDir() {
-  char path[PATH_MAX];
-  const ssize_t n = readlink("/proc/self/exe", path, sizeof(path) - 1);
-  if (n <= 0) return ".";
-  const std::string exe(path, static_cast<std::size_t>(n));
-  return exe.substr(0, exe.rfind('/'));
-}
 
 std::string Code(int i) {
   char code[16];
@@ -464,7 +457,7 @@ int Main(int argc, char** argv) {
   if (!bench::DatabaseUrls("geologic_unit_bench", dir.path(), &g_backends[0].url,
                            &g_backends[1].url))
     return 1;
-  Modules modules(ProgramDir(), "LKBASE");
+  Modules modules(bench::ProgramDir(), "LKBASE");
   for (Backend& be : g_backends) {
     if (!Prepare(be, &modules)) return 1;
   }

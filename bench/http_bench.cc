@@ -42,6 +42,7 @@
 #include <nlohmann/json.hpp>
 
 #include "bench/medians.h"
+#include "bench/program_dir.h"
 #include "host/host.h"
 #include "web/server.h"
 
@@ -60,14 +61,6 @@ constexpr int kRepetitions = 5;
 
 int g_port = 0;
 std::string g_token;
-
-std::string ProgramDir() {
-  char path[PATH_MAX];
-  ssize_t n = readlink("/proc/self/exe", path, sizeof(path) - 1);
-  if (n <= 0) return ".";
-  std::string exe(path, static_cast<std::size_t>(n));
-  return exe.substr(0, exe.rfind('/'));
-}
 
 std::unique_ptr<httplib::Client> NewClient() {
   auto client = std::make_unique<httplib::Client>("127.0.0.1", g_port);
@@ -217,7 +210,7 @@ int Main(int argc, char** argv) {
   std::unique_ptr<Host> host;
   try {
     HostOptions options;
-    options.module_dir = ProgramDir();
+    options.module_dir = bench::ProgramDir();
     options.database = std::string("sqlite:") + dir + "/bench.db";
     host = MakeHost(options);
   } catch (const std::exception& e) {

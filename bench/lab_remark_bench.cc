@@ -54,6 +54,7 @@
 #include "store/store_port.h"
 #include "bench/bench_databases.h"
 #include "bench/medians.h"
+#include "bench/program_dir.h"
 #include "tests/pg/pg_cluster.h"
 
 namespace watrix {
@@ -67,14 +68,6 @@ int g_rows = 100000;
 
 constexpr char kMenu[] = "RT1_REFERENCE_TABLE_MAINT_MENU";
 constexpr char kList[] = "RT50_LAB_REMARK_MAINT_LIST";
-
-std::string ProgramDir() {
-  char path[PATH_MAX];
-  const ssize_t n = readlink("/proc/self/exe", path, sizeof(path) - 1);
-  if (n <= 0) return ".";
-  const std::string exe(path, static_cast<std::size_t>(n));
-  return exe.substr(0, exe.rfind('/'));
-}
 
 // The group of rows read, as the list's action block holds it.
 struct Group {
@@ -475,7 +468,7 @@ int Main(int argc, char** argv) {
   if (!bench::DatabaseUrls("lab_remark_bench", dir.path(), &g_backends[0].url,
                            &g_backends[1].url))
     return 1;
-  Modules modules(ProgramDir(), "LKBASE");
+  Modules modules(bench::ProgramDir(), "LKBASE");
   for (Backend& be : g_backends) {
     if (!Prepare(be, &modules)) return 1;
   }

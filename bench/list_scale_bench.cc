@@ -34,6 +34,7 @@
 #include <nlohmann/json.hpp>
 
 #include "bench/bench_databases.h"
+#include "bench/program_dir.h"
 #include "host/modules.h"
 #include "host/session.h"
 #include "store/database.h"
@@ -54,14 +55,6 @@ constexpr char kValues[] = "RT2_PERMITTED_VALUE_MAINT_LIST";
 constexpr int kSmallValues = 4001;
 constexpr int kSmall = 1000;
 constexpr int kBig = 1000000;
-
-std::string ProgramDir() {
-  char path[PATH_MAX];
-  const ssize_t n = readlink("/proc/self/exe", path, sizeof path - 1);
-  if (n <= 0) return ".";
-  path[n] = '\0';
-  return std::filesystem::path(path).parent_path().string();
-}
 
 bool Fail(const std::string& why) { return bench::Fail("list_scale_bench", why); }
 
@@ -239,7 +232,7 @@ int Main() {
       cases.push_back(std::move(c));
     }
   }
-  Modules modules(ProgramDir(), "LKBASE");
+  Modules modules(bench::ProgramDir(), "LKBASE");
   for (Case& c : cases) {
     const auto start = std::chrono::steady_clock::now();
     if (!Prepare(c, &modules)) return 1;

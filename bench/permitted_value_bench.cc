@@ -62,6 +62,7 @@
 #include "store/store_port.h"
 #include "bench/bench_databases.h"
 #include "bench/medians.h"
+#include "bench/program_dir.h"
 #include "tests/pg/pg_cluster.h"
 
 namespace watrix {
@@ -84,14 +85,6 @@ constexpr char kMenu[] = "RT1_REFERENCE_TABLE_MAINT_MENU";
 constexpr char kList[] = "RT2_PERMITTED_VALUE_MAINT_LIST";
 constexpr char kPrev[] = "PictureButton1";
 constexpr char kNext[] = "PictureButton2";
-
-std::string ProgramDir() {
-  char path[PATH_MAX];
-  const ssize_t n = readlink("/proc/self/exe", path, sizeof(path) - 1);
-  if (n <= 0) return ".";
-  const std::string exe(path, static_cast<std::size_t>(n));
-  return exe.substr(0, exe.rfind('/'));
-}
 
 // ---- The rows ----
 
@@ -751,7 +744,7 @@ int Main(int argc, char** argv) {
   if (!bench::DatabaseUrls("permitted_value_bench", dir.path(), &g_backends[0].url,
                            &g_backends[1].url))
     return 1;
-  Modules modules(ProgramDir(), "LKBASE");
+  Modules modules(bench::ProgramDir(), "LKBASE");
   for (Backend& be : g_backends) {
     if (!Prepare(be, &modules)) return 1;
   }

@@ -47,6 +47,7 @@
 
 #include <nlohmann/json.hpp>
 
+#include "bench/program_dir.h"
 #include "host/host.h"
 
 namespace watrix {
@@ -57,14 +58,6 @@ using nlohmann::json;
 constexpr char kMenu[] = "RT1_REFERENCE_TABLE_MAINT_MENU";
 constexpr char kList[] = "RT50_LAB_REMARK_MAINT_LIST";
 constexpr double kGoalKb = 256;
-
-std::string ProgramDir() {
-  char path[PATH_MAX];
-  const ssize_t n = readlink("/proc/self/exe", path, sizeof(path) - 1);
-  if (n <= 0) return ".";
-  const std::string exe(path, static_cast<std::size_t>(n));
-  return exe.substr(0, exe.rfind('/'));
-}
 
 // A field of /proc/self/status in kB ("VmRSS", "Threads"), or -1.
 long StatusField(const char* name) {
@@ -137,7 +130,7 @@ int Main() {
   std::unique_ptr<Host> host;
   try {
     HostOptions options;
-    options.module_dir = ProgramDir();
+    options.module_dir = bench::ProgramDir();
     options.database = std::string("sqlite:") + dir + "/bench.db";
     host = MakeHost(options);
   } catch (const std::exception& e) {
